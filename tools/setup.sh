@@ -1,0 +1,36 @@
+# What the scripts beside the sources share: packages and building. Sourced, not run.
+
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsdl2-image-dev liblua5.1-0-dev
+    fonts-liberation2 libgl1-mesa-dev)
+test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy python3-minimal xvfb xdotool imagemagick)
+
+# Installs the named Debian packages that are missing, asking nothing; says what it lacks when it may not.
+install_packages() {
+    local missing=()
+    local name
+    for name in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    echo "Installing ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" = 0 ] || as_root=(sudo -n)
+    if ! "${as_root[@]}" apt-get update -qq ||
+        ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+            "${missing[@]}" >/dev/null; then
+        echo "These packages are needed and could not be installed: ${missing[*]}" >&2
+        exit 1
+    fi
+}
+
+# configure PRESET [-DNAME=VALUE...]: what an earlier run switched on stays on.
+configure() {
+    [ $# -eq 1 ] && [ -f "out/$1/build.ninja" ] || cmake --preset "$@" >/dev/null
+}
+
+# build PRESET TARGET...
+build() {
+    local preset=$1
+    shift
+    cmake --build --preset "$preset" --target "$@"
+}
