@@ -1,0 +1,214 @@
+#include "store/ini.h"
+
+#include "store/codepage.h"
+
+#include <vector>
+
+namespace
+{
+
+constexpr std::string_view blanks = " \t\r\v\f";
+constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
+
+char lower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+std::string lowered(std::string_view text)
+{
+    std::string result(text);
+    for (char& c : result) {
+        c = lower(c);
+    }
+    return result;
+}
+
+bool sameName(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (lower(a[i]) != lower(b[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// Takes one line off the front of the text, without its LF (a CR before it still belongs to the line).
+std::string_view takeLine(std::string_view& rest)
+{
+    const std::size_t end = rest.find('\n');
+    const std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    return line;
+}
+
+/// The section that a line opens; nothing for any other line.
+std::optional<std::string_view> sectionName(std::string_view line)
+{
+    const std::size_t first = line.find_first_not_of(blanks);
+    if (first == std::string_view::npos || line[first] != '[') {
+        return std::nullopt;
+    }
+    line.remove_prefix(first + 1);
+    return trimmed(line.substr(0, line.find(']')));
+}
+
+/// The text after a line's first "=" when its key is the one asked for.
+std::optional<std::string_view> valueOfLine(std::string_view line, std::string_view key)
+{
+    const std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) {
+        return std::nullopt;
+    }
+    if (!sameName(trimmed(line.substr(0, equals)), key)) {
+        return std::nullopt;
+    }
+    return line.substr(equals + 1);
+}
+
+std::string cleanValue(std::string_view raw)
+{
+    std::string_view value = trimmed(raw);
+    if (value.size() >= 2 && value.front() == value.back() &&
+        (value.front() == '"' || value.front() == '\'')) {
+        value = value.substr(1, value.size() - 2);
+    }
+    return std::string(value.substr(0, longestIniValue));
+}
+
+std::string valueInBody(std::string_view body, std::string_view key)
+{
+    while (!body.empty()) {
+        const std::string_view line = takeLine(body);
+        if (sectionName(line)) {
+            break;
+        }
+        if (const auto raw = valueOfLine(line, key)) {
+            return cleanValue(*raw);
+        }
+    }
+    return {};
+}
+
+std::string_view withoutMark(std::string_view text)
+{
+    return text.starts_with(utf8Mark) ? text.substr(utf8Mark.size()) : text;
+}
+
+bool isUtf16(std::string_view text)
+{
+    return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+}
+
+std::vector<std::string_view> linesOf(std::string_view text)
+{
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        std::string_view line = takeLine(text);
+        if (line.ends_with('\r')) {
+            line.remove_suffix(1);
+        }
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+/// Where a key belongs among the lines of a text.
+struct Place {
+    std::size_t line = 0; ///< index of the line to replace, or before which to insert
+    bool sectionFound = false;
+    bool keyFound = false;
+};
+
+Place placeOf(const std::vector<std::string_view>& lines, std::string_view section, std::string_view key)
+{
+    Place place;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::string_view line = i == 0 ? withoutMark(lines[i]) : lines[i];
+        if (const auto name = sectionName(line)) {
+            if (place.sectionFound) {
+                return place;
+            }
+            place.sectionFound = sameName(*name, section);
+        } else if (place.sectionFound && valueOfLine(line, key)) {
+            return {i, true, true};
+        }
+        if (place.sectionFound && !trimmed(line).empty()) {
+            place.line = i + 1;
+        }
+    }
+    return place;
+}
+
+} // namespace
+
+std::string IniValue(std::string_view text, std::string_view section, std::string_view key)
+{
+    std::string_view rest = withoutMark(text);
+    while (!rest.empty()) {
+        const auto name = sectionName(takeLine(rest));
+        if (name && sameName(*name, section)) {
+            return valueInBody(rest, key);
+        }
+    }
+    return {};
+}
+
+std::optional<std::string> WithIniValue(std::string_view text, std::string_view section, std::string_view key,
+                                        std::string_view value)
+{
+    if (isUtf16(text)) {
+        return std::nullopt;
+    }
+    const std::vector<std::string_view> lines = linesOf(text);
+    const Place place = placeOf(lines, section, key);
+    const std::string newLine = OneLine(key) + "=" + OneLine(value) + "\r\n";
+
+    std::string result;
+    result.reserve(text.size() + lines.size() + section.size() + newLine.size() + 8);
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (place.sectionFound && i == place.line) {
+            result += newLine;
+            if (place.keyFound) {
+                continue;
+            }
+        }
+        result.append(lines[i]).append("\r\n");
+    }
+    if (!place.sectionFound) {
+        result += "[" + OneLine(section) + "]\r\n" + newLine;
+    } else if (place.line == lines.size()) {
+        result += newLine;
+    }
+    return result;
+}
+
+IniSections::IniSections(std::string text)
+    : text_(std::move(text))
+{
+    std::string_view rest = withoutMark(text_);
+    while (!rest.empty()) {
+        if (const auto name = sectionName(takeLine(rest))) {
+            bodies_.try_emplace(lowered(*name), rest);
+        }
+    }
+}
+
+std::string IniSections::value(std::string_view section, std::string_view key) const
+{
+    const auto body = bodies_.find(lowered(section));
+    return body == bodies_.end() ? std::string() : valueInBody(body->second, key);
+}

@@ -1,0 +1,35 @@
+/// The file calls of the system that the store stands on. Everything that is one system's own lies behind
+/// here.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+using Path = std::filesystem::path;
+
+namespace platform
+{
+
+/// Reads a whole regular file of at most 256 MB into `content`.
+///
+/// Failure: the reason; `content` is then empty. Folders, pipes and devices are not read.
+std::error_code readFile(const Path& path, std::string& content);
+
+/// Puts `content` in place of the whole file, or makes the file.
+///
+/// The bytes go to a file beside it that is renamed over it at the end, so that at any moment the file holds
+/// its old or its new content. A link keeps pointing where it points, permissions are kept. Failure: the
+/// reason; the older file is then untouched and nothing is left beside it. A file marked read-only and
+/// anything but a regular file is refused.
+std::error_code replaceFile(const Path& path, std::string_view content);
+
+/// Makes one folder, whose parent must exist. Failure: the reason; an existing folder is one.
+std::error_code makeFolder(const Path& path);
+
+/// The names in a folder, in no order. Failure: the reason; `names` is then empty.
+std::error_code listFolder(const Path& path, std::vector<std::string>& names);
+
+} // namespace platform
