@@ -1,0 +1,117 @@
+#include "maps/maplist.h"
+
+#include "maps/tileset.h"
+#include "store/codepage.h"
+#include "store/ini.h"
+#include "store/numbers.h"
+
+namespace
+{
+
+constexpr int largestCount = 32767; // what a count in the descriptor can say
+
+std::string reason(const std::error_code& failure, const Path& path)
+{
+    const auto name = path.filename().u8string();
+    return AnsiFromUtf8(failure.message()) + " (" + AnsiFromUtf8(std::string(name.begin(), name.end())) + ")";
+}
+
+std::error_code folderThere(const Path& path)
+{
+    const std::error_code failure = platform::makeFolder(path);
+    std::error_code ignored;
+    return failure == std::errc::file_exists && std::filesystem::is_directory(path, ignored)
+               ? std::error_code()
+               : failure;
+}
+
+void copyTemplate(std::string_view name, const Path& target)
+{
+    std::error_code ignored;
+    if (!std::filesystem::exists(target, ignored)) {
+        WriteWholeFile(ReadWholeFile(AppDir() / "data" / DiskName(name)), target);
+    }
+}
+
+/// Folders and tileset picture of a new map. Failure: the reason, for the author to read.
+std::string makeFolders(const std::string& mapNumber)
+{
+    for (const Path& folder : {ProjectFile("images/map" + mapNumber), ProjectFile("ev/map" + mapNumber)}) {
+        if (const std::error_code failure = folderThere(folder)) {
+            return reason(failure, folder);
+        }
+    }
+    return CopyTilesetSheet("01", mapNumber);
+}
+
+} // namespace
+
+std::optional<int> MapCount()
+{
+    return CountFrom(ReadIni("Jeu", "cartes", Descriptor()));
+}
+
+std::string MapName(std::string_view mapNumber)
+{
+    return ReadIni("carte" + std::string(mapNumber), "nom", Descriptor());
+}
+
+std::vector<std::string> MapNames(int count)
+{
+    const IniSections sections(ReadWholeFile(Descriptor()));
+    std::vector<std::string> names;
+    for (int number = 1; number <= count; ++number) {
+        names.push_back(sections.value("carte" + MapNumberText(number), "nom"));
+    }
+    return names;
+}
+
+Path MapFile(std::string_view mapNumber)
+{
+    return ProjectFile("map" + std::string(mapNumber) + ".map");
+}
+
+Path BlockFile(std::string_view mapNumber)
+{
+    return ProjectFile("map" + std::string(mapNumber) + ".ev");
+}
+
+Path MapSheet(std::string_view mapNumber)
+{
+    return ProjectFile("images/map" + std::string(mapNumber) + "/terrain.png");
+}
+
+std::string CopyTilesetSheet(std::string_view tileset, std::string_view mapNumber)
+{
+    const Path target = MapSheet(mapNumber);
+    if (target.empty()) {
+        return "The project has no folder.";
+    }
+    if (const std::error_code failure = folderThere(target.parent_path())) {
+        return reason(failure, target.parent_path());
+    }
+    const Path sheet = TilesetSheet(tileset);
+    const std::error_code failure = CopyWholeFile(sheet, target);
+    return failure ? reason(failure, sheet) : std::string();
+}
+
+NewMapResult NewMap()
+{
+    const std::optional<int> count = MapCount();
+    if (!count) {
+        return {{}, "The number of maps in projet.ini is missing or not a number from 0 to 32767."};
+    }
+    if (*count == largestCount) {
+        return {{}, "The project holds as many maps as it can."};
+    }
+    const std::string number = MapNumberText(*count + 1);
+    if (std::string failure = makeFolders(number); !failure.empty()) {
+        return {{}, std::move(failure)};
+    }
+    copyTemplate("ftgmev.dat", BlockFile(number));
+    copyTemplate("ftgmma.dat", MapFile(number));
+    WriteIni("Carte" + number, "texture", "01", Descriptor());
+    WriteIni("Carte" + number, "nom", "Carte 1", Descriptor());
+    WriteIni("Jeu", "cartes", number, Descriptor());
+    return {number, {}};
+}

@@ -1,0 +1,48 @@
+/// The map that one map editor view holds, and the text of its two files.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The grid: columns and rows count from 1, slots from 0. The ninth row is stored but never loaded or drawn.
+struct MapModel {
+    static constexpr int columns = 17;
+    static constexpr int rows = 8;
+    static constexpr int storedRows = 9;
+    static constexpr int slots = 201;
+
+    /// One text per slot; nothing for a slot that was never set.
+    using Slots = std::array<std::optional<std::string>, slots>;
+
+    Slots tiles;  ///< tile codes: the number of the tile in its tileset, minus one
+    Slots blocks; ///< block flags: "1" is blocked, everything else is free
+
+    bool operator==(const MapModel&) const = default;
+
+    bool isBlocked(int slot) const;
+    /// Turns "1" into "0" and anything else into "1".
+    void toggleBlock(int slot);
+    /// Sets every slot of both arrays to "0".
+    void reset();
+    /// Reads rows 1 to 8 from the texts of the map and the block file, by position: line ends are not looked
+    /// for, a position past the end gives an empty text. The other slots keep what they hold.
+    void read(std::string_view mapText, std::string_view blockText);
+};
+
+/// The slot of a cell.
+constexpr int slotOf(int row, int column)
+{
+    return (row - 1) * MapModel::columns + (column - 1);
+}
+
+/// The hero's start as it stands in a map file: two characters each, fewer when the text ends.
+std::string HeroStartColumn(std::string_view mapText);
+std::string HeroStartRow(std::string_view mapText);
+
+/// The text of the map file, without the CR LF that every whole-file write adds.
+std::string MapFileText(const MapModel& map, int startColumn, int startRow);
+
+/// The text of the block file, likewise.
+std::string BlockFileText(const MapModel& map);
