@@ -1,0 +1,115 @@
+#include "build/scripts.h"
+
+#include "events/eventstore.h"
+#include "maps/mapmodel.h"
+#include "store/store.h"
+#include "variables/variables.h"
+
+#include <set>
+#include <vector>
+
+namespace
+{
+
+constexpr std::size_t branchBytes = 60; // an empty branch, for room ahead
+
+/// The event files of one map: their folder is listed once, so that the many cells without an event cost no
+/// look at the disk each.
+class MapEvents
+{
+public:
+    explicit MapEvents(const Path& folder)
+        : folder_(folder)
+    {
+        std::vector<std::string> names;
+        listed_ = !platform::listFolder(folder, names);
+        names_.insert(names.begin(), names.end());
+    }
+
+    std::string text(int row, int column) const
+    {
+        if (folder_.empty()) {
+            return {};
+        }
+        const std::string name = EventFileName(row, column);
+        // A folder may be readable by name and yet not tell its names.
+        return listed_ && !names_.contains(name) ? std::string() : ReadWholeFile(folder_ / name);
+    }
+
+private:
+    Path folder_;
+    bool listed_ = false;
+    std::set<std::string> names_;
+};
+
+void appendCell(std::string& script, int row, int column, const std::string& event)
+{
+    script.append("\r\n    if ligne == ").append(std::to_string(row));
+    script.append(" and colonne == ").append(std::to_string(column)).append(" then\r\n    ");
+    script.append(event).append("\r\n    end\r\n\r\n");
+}
+
+void appendMap(std::string& script, const std::string& mapNumber)
+{
+    const MapEvents events(EventFolder(mapNumber));
+    script.append("if map == \"").append(mapNumber).append("\" then\r\n");
+    for (int row = 1; row <= MapModel::storedRows; ++row) {
+        for (int column = 1; column <= MapModel::columns; ++column) {
+            appendCell(script, row, column, events.text(row, column));
+        }
+    }
+    script += "end\r\n";
+}
+
+} // namespace
+
+std::string EventScript(int maps)
+{
+    std::string script = "function runev(colonne,ligne,map)\r\n";
+    script.reserve(script.size() +
+                   static_cast<std::size_t>(maps) * MapModel::storedRows * MapModel::columns * branchBytes);
+    for (int number = 1; number <= maps; ++number) {
+        appendMap(script, MapNumberText(number));
+    }
+    return script.append("\r\nend");
+}
+
+void WriteEventScript(int maps)
+{
+    const Path file = ProjectFile("ev.lua");
+    if (!file.empty()) {
+        WriteWholeFile(EventScript(maps), file);
+    }
+}
+
+std::string VariablesScript()
+{
+    std::string script = "--Variables du jeu\r\nvar = {}\r\n";
+    int number = 0;
+    for (const std::string& value : StartValues()) {
+        script.append("var[")
+            .append(std::to_string(++number))
+            .append("] = \"")
+            .append(value)
+            .append("\"\r\n");
+    }
+    return script;
+}
+
+void WriteVariablesScript()
+{
+    const Path file = ProjectFile("variables.lua");
+    if (!file.empty()) {
+        WriteWholeFile(VariablesScript(), file);
+    }
+}
+
+std::string BootScript(std::string_view project)
+{
+    return "System.currentDirectory(\"projets/" + std::string(project) + "\")\r\ndofile(\"index.lua\")";
+}
+
+void WriteBootScript()
+{
+    WriteWholeFile(BootScript(CurrentProject()), AppDir() / "index.lua");
+}

@@ -1,0 +1,61 @@
+#include "variables/variables.h"
+
+#include "store/ini.h"
+#include "store/numbers.h"
+#include "store/store.h"
+
+namespace
+{
+
+std::string sectionOf(int number)
+{
+    return "Variable" + std::to_string(number);
+}
+
+std::vector<std::string> valuesIn(const IniSections& sections, int count)
+{
+    std::vector<std::string> values;
+    for (int number = 1; number <= count; ++number) {
+        values.push_back(sections.value(sectionOf(number), "valeur"));
+    }
+    return values;
+}
+
+} // namespace
+
+std::string VariableCountText()
+{
+    return ReadIni("Variables", "nombre", Descriptor());
+}
+
+int VariableCount()
+{
+    return CountFrom(VariableCountText()).value_or(0);
+}
+
+std::vector<std::string> StartValues(int count)
+{
+    return valuesIn(IniSections(ReadWholeFile(Descriptor())), count);
+}
+
+std::vector<std::string> StartValues()
+{
+    const IniSections sections(ReadWholeFile(Descriptor()));
+    return valuesIn(sections, CountFrom(sections.value("Variables", "nombre")).value_or(0));
+}
+
+void BeginVariable(int number)
+{
+    WriteIni(sectionOf(number), "numero", std::to_string(number), Descriptor());
+}
+
+void FinishVariable(int number, std::string_view value)
+{
+    SetStartValue(number, value);
+    WriteIni("Variables", "nombre", std::to_string(number), Descriptor());
+}
+
+void SetStartValue(int number, std::string_view value)
+{
+    WriteIni(sectionOf(number), "valeur", value, Descriptor());
+}
