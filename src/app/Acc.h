@@ -1,0 +1,25 @@
+/// The welcome view: three ways into the program.
+#pragma once
+
+#include "toolkit/view.h"
+
+class PressLabel;
+
+class Acc : public View
+{
+    Q_OBJECT
+
+public:
+    explicit Acc(Workspace& workspace);
+
+    /// Another view became active: the welcome view hides.
+    void deactivated() override;
+
+private:
+    void entry(int number, const QString& icon, const QString& caption, void (Acc::*chosen)());
+    void create();
+    void openExisting();
+    void documentation();
+
+    QWidget* panel_ = nullptr;
+};

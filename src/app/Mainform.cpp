@@ -1,0 +1,203 @@
+#include "app/Mainform.h"
+
+#include "app/Acc.h"
+#include "fights/combateditor.h"
+#include "maps/mapeditor.h"
+#include "project/Controlpanel.h"
+#include "project/gameoptions.h"
+#include "project/nouvprojet.h"
+#include "project/openp.h"
+#include "store/store.h"
+#include "variables/var.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr QSize openingSize(1280, 720); // holds the control panel and one map editor side by side
+
+} // namespace
+
+Mainform::Mainform()
+{
+    platform::makeFolder(AppDir() / "projets");
+
+    setObjectName("Mainform"_L1);
+    setWindowTitle(u"Questforge 3"_s);
+    area_ = new QMdiArea(this);
+    area_->setObjectName("WorkArea"_L1);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->viewport()->installEventFilter(this);
+    setCentralWidget(area_);
+    QAction* menu = menuBar()->addAction(u"Menu"_s, this, &Mainform::Menu_Click);
+    menu->setObjectName("Menu"_L1);
+    connect(area_, &QMdiArea::subWindowActivated, this, &Mainform::noteActive);
+    resize(openingSize.boundedTo(screen()->availableSize()));
+    showAcc();
+}
+
+template <class Only> Only* Mainform::find() const
+{
+    for (const QMdiSubWindow* window : area_->subWindowList()) {
+        if (auto* view = qobject_cast<Only*>(window->widget())) {
+            return view;
+        }
+    }
+    return nullptr;
+}
+
+template <class Only> void Mainform::showOnly()
+{
+    View* view = find<Only>();
+    if (view == nullptr) {
+        view = new Only(*this);
+        addView(view);
+    }
+    showView(view);
+}
+
+QMdiSubWindow* Mainform::addView(View* view)
+{
+    auto* window = new QMdiSubWindow;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWidget(view);
+    area_->addSubWindow(window);
+    window->resize(window->sizeHint());
+    return window;
+}
+
+void Mainform::showView(View* view)
+{
+    auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
+    if (window->isMinimized()) {
+        window->showNormal();
+    }
+    view->show();
+    window->show();
+    area_->setActiveSubWindow(window);
+    view->setFocus();
+    noteActive(window);
+}
+
+/// Tells the views which of them became active. The area says so, too, when the program goes to the
+/// background and comes back: neither is a change of view.
+void Mainform::noteActive(QMdiSubWindow* window)
+{
+    View* view = window == nullptr ? nullptr : qobject_cast<View*>(window->widget());
+    if (view == nullptr || view == active_) {
+        return;
+    }
+    const QPointer<View> before = active_;
+    active_ = view;
+    if (before) {
+        before->deactivated();
+    }
+    view->activated();
+}
+
+void Mainform::showAcc()
+{
+    showOnly<Acc>();
+}
+
+void Mainform::showNouvprojet()
+{
+    showOnly<nouvprojet>();
+}
+
+void Mainform::showOpenp()
+{
+    showOnly<openp>();
+}
+
+void Mainform::showControlpanel()
+{
+    showOnly<Controlpanel>();
+}
+
+void Mainform::showVar()
+{
+    showOnly<var>();
+}
+
+void Mainform::showGameoptions()
+{
+    showOnly<gameoptions>();
+}
+
+void Mainform::hideAcc()
+{
+    if (Acc* acc = find<Acc>()) {
+        acc->parentWidget()->hide();
+        if (active_ == acc) {
+            active_ = nullptr;
+        }
+    }
+}
+
+void Mainform::openMap(const std::string& mapNumber)
+{
+    auto* view = new mapeditor(*this);
+    addView(view);
+    view->open();
+    view->setMapField(mapNumber);
+    view->loadmap();
+    showView(view);
+}
+
+void Mainform::openCombateditor()
+{
+    auto* view = new combateditor(*this);
+    addView(view);
+    showView(view);
+}
+
+void Mainform::placeTopLeft(View& view)
+{
+    view.parentWidget()->move(0, 0);
+}
+
+int Mainform::controlPanelWidth() const
+{
+    const Controlpanel* panel = find<Controlpanel>();
+    return panel == nullptr ? 0 : panel->parentWidget()->width();
+}
+
+void Mainform::endProgram()
+{
+    QCoreApplication::exit(0);
+}
+
+void Mainform::Menu_Click()
+{
+    showAcc();
+    placeTopLeft(*find<Acc>());
+}
+
+void Mainform::MDIForm_Click()
+{
+    hideAcc();
+}
+
+void Mainform::closeEvent(QCloseEvent* event)
+{
+    Controlpanel* panel = find<Controlpanel>();
+    event->setAccepted(panel == nullptr || panel->parentWidget()->close());
+}
+
+bool Mainform::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == area_->viewport() && event->type() == QEvent::MouseButtonRelease) {
+        MDIForm_Click();
+    }
+    return QMainWindow::eventFilter(watched, event);
+}

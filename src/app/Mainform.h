@@ -1,0 +1,51 @@
+/// The main window: a multiple-document frame in which every view opens. It keeps the ways from view to view.
+#pragma once
+
+#include "toolkit/workspace.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+class Controlpanel;
+class QMdiArea;
+class QMdiSubWindow;
+
+class Mainform : public QMainWindow, public Workspace
+{
+    Q_OBJECT
+
+public:
+    /// Makes AppDir/projets (any failure is ignored) and shows the welcome view.
+    Mainform();
+
+    void showAcc() override;
+    void showNouvprojet() override;
+    void showOpenp() override;
+    void showControlpanel() override;
+    void showVar() override;
+    void showGameoptions() override;
+    void hideAcc() override;
+    void openMap(const std::string& mapNumber) override;
+    void openCombateditor() override;
+    void placeTopLeft(View& view) override;
+    int controlPanelWidth() const override;
+    void endProgram() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Menu_Click();
+    void MDIForm_Click();
+
+    /// Gives a view its window in the work area, not yet shown.
+    QMdiSubWindow* addView(View* view);
+    void showView(View* view);
+    template <class Only> void showOnly();
+    template <class Only> Only* find() const;
+    void noteActive(QMdiSubWindow* window);
+
+    QMdiArea* area_ = nullptr;
+    QPointer<View> active_;
+};

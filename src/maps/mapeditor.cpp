@@ -1,0 +1,126 @@
+#include "maps/mapeditor.h"
+
+#include "maps/maplist.h"
+#include "store/numbers.h"
+#include "toolkit/boxes.h"
+#include "toolkit/text.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+mapeditor::mapeditor(Workspace& workspace)
+    : View(workspace, u"mapeditor"_s, u"Map editor"_s)
+{
+    buildGrid();
+    buildConfiguration();
+    buildMenus();
+    buildMapChooser();
+    buildTilesets();
+    Frame6 = new EventPanel(*this, workspace, surface());
+    fitSurface(false);
+    connectButtons();
+    connectChoosers();
+    Timer1->start();
+}
+
+void mapeditor::open()
+{
+    if (MapCount() == 0) {
+        messageBox(this, u"There is no map, a new map will be automatically created"_s);
+        newMap();
+    }
+    Frame3->hide();
+    Frame1->hide();
+    loadmap();
+    if (QMdiSubWindow* frame = frameWindow()) {
+        frame->move(workspace().controlPanelWidth(), 0);
+    }
+    loadmap();
+}
+
+void mapeditor::setMapField(const std::string& mapNumber)
+{
+    Label1->setText(shown(mapNumber));
+}
+
+std::string mapeditor::mapField() const
+{
+    return typed(Label1->text());
+}
+
+bool mapeditor::ownsProject() const
+{
+    return !project_.empty() && project_ == CurrentProject();
+}
+
+std::string mapeditor::tilesetKey() const
+{
+    return ownsProject() ? ReadIni("Carte" + mapField(), "texture", Descriptor()) : std::string();
+}
+
+void mapeditor::loadmap()
+{
+    Frame3->hide();
+    Frame1->hide();
+    project_ = CurrentProject();
+    const std::string number = mapField();
+    const std::string tileset = tilesetKey();
+    const std::string mapText = ReadWholeFile(MapFile(number));
+    const std::string blockText = ReadWholeFile(BlockFile(number));
+    Text1->setText(shown(MapName(number)));
+    Label4->setText(shown(HeroStartColumn(mapText)));
+    Label5->setText(shown(HeroStartRow(mapText)));
+    currentMap_ = number;
+    if (mapText.empty()) {
+        messageBox(this, u"Erreur : carte invalide"_s, BoxIcon::Stop);
+        return;
+    }
+    map_.read(mapText, blockText);
+    refreshChooser(tileset);
+    CarteImg->draw(map_, tileset, GridPicture::MarkPlace::Corner);
+}
+
+void mapeditor::savemap()
+{
+    Frame3->hide();
+    const auto startColumn = CountFrom(typed(Label4->text()));
+    const auto startRow = CountFrom(typed(Label5->text()));
+    if (!ownsProject() || currentMap_.empty() || !startColumn || !startRow) {
+        return;
+    }
+    WriteIni("Carte" + currentMap_, "nom", typed(Text1->text()), Descriptor());
+    WriteWholeFile(BlockFileText(map_), BlockFile(currentMap_));
+    WriteWholeFile(MapFileText(map_, *startColumn, *startRow), MapFile(currentMap_));
+}
+
+void mapeditor::drawmap()
+{
+    if (!ownsProject()) {
+        return; // the picture keeps what it holds until the map's project is current again
+    }
+    const std::string tileset = tilesetKey();
+    if (tileset != chooserTileset_) {
+        refreshChooser(tileset); // another view changed the map's tileset
+    }
+    CarteImg->draw(map_, tileset, GridPicture::MarkPlace::Inset);
+}
+
+void mapeditor::showPanel(bool shown)
+{
+    fitSurface(shown);
+    fitWindow();
+}
+
+void mapeditor::enablePicture(bool enabled)
+{
+    CarteImg->setEnabled(enabled);
+}
+
+void mapeditor::setModeMark(const QString& mark)
+{
+    setTag(CarteImg, mark);
+}

@@ -1,0 +1,129 @@
+/// The map editor view: one map of the project it was loaded from, painted by clicks and saved after each.
+#pragma once
+
+#include "events/eventpanel.h"
+#include "maps/gridpicture.h"
+#include "maps/mapmodel.h"
+#include "toolkit/view.h"
+
+#include <array>
+#include <string>
+
+class PressLabel;
+class QTimer;
+
+class mapeditor : public View, private EventPanelHost
+{
+    Q_OBJECT
+
+public:
+    explicit mapeditor(Workspace& workspace);
+
+    /// What a view does once when it comes into being: makes map 01 when the project has no map, loads map
+    /// 01, takes its place beside the control panel and loads it once more.
+    void open();
+    /// Writes the map field, the MapNumberText of the map to load.
+    void setMapField(const std::string& mapNumber);
+
+    /// Loads and draws the map that the map field names; the view then belongs to the current project. A
+    /// missing or empty map file is reported, and the grid keeps what it holds.
+    void loadmap();
+    /// Writes the held map's files and its name. Nothing is written while its project is not current, nor
+    /// while the hero's start is no number (after a failed load).
+    void savemap();
+    /// Draws rows 1 to 8 from the model, in the tileset that the descriptor names at this moment.
+    void drawmap();
+
+private:
+    enum class Mode { Picture, Blocks, Event };
+
+    // The look of the view (mapeditor_layout.cpp).
+    void buildGrid();
+    void buildConfiguration();
+    void buildModes();
+    void buildStart();
+    void buildSizes();
+    void buildMenus();
+    void buildMapChooser();
+    void buildTilesets();
+    void connectButtons();
+    void connectChoosers();
+    void fitSurface(bool withPanel);
+
+    // Clicks and the configuration frame (mapeditor_painting.cpp).
+    void CarteImg_MouseDown(int x, int y);
+    bool apply(Cell cell);
+    Mode mode() const;
+    void Choixtext_Change();
+    void Image5_Click();
+    void Command9_Click();
+    void Command10_Click();
+    void HScroll5_Change();
+    void HScroll6_Change();
+    void refreshChooser(const std::string& tileset);
+    void showTile();
+
+    // Maps and tilesets (mapeditor_maps.cpp).
+    void Command4_Click();
+    void Command6_Click();
+    void Command5_Click();
+    void Command1_Click();
+    void HScroll1_Change();
+    void Command11_Click();
+    void HScroll2_Change();
+    void Command14_Click();
+    void newMap();
+
+    // What the event panel asks of its view.
+    const std::string& heldMap() const override { return currentMap_; }
+    bool ownsProject() const override;
+    void showPanel(bool shown) override;
+    void enablePicture(bool enabled) override;
+    void setModeMark(const QString& mark) override;
+
+    std::string mapField() const;
+    /// The tileset number of the map in the map field, as the descriptor has it.
+    std::string tilesetKey() const;
+
+    MapModel map_;
+    std::string currentMap_;     ///< MapNumberText of the map held; empty before the first load
+    std::string project_;        ///< the project that the map held was loaded from
+    std::string chooserTileset_; ///< the tileset that the tile chooser shows
+
+    GridPicture* CarteImg = nullptr;
+    ScrollBar* HScroll4 = nullptr;
+    ScrollBar* VScroll1 = nullptr;
+    QTimer* Timer1 = nullptr;
+    EventPanel* Frame6 = nullptr;
+
+    QGroupBox* Frame2 = nullptr;
+    std::array<QRadioButton*, 3> Option1 = {};
+    ScrollBar* Choixtext = nullptr;
+    PressLabel* Image5 = nullptr;
+    QLabel* Label4 = nullptr;
+    QLabel* Label5 = nullptr;
+    QPushButton* Command9 = nullptr;
+    QLineEdit* Text1 = nullptr;
+    QLabel* Label15 = nullptr;
+    QLabel* Label16 = nullptr;
+    ScrollBar* HScroll5 = nullptr;
+    ScrollBar* HScroll6 = nullptr;
+    QPushButton* Command11 = nullptr;
+    QPushButton* Command10 = nullptr;
+
+    QPushButton* Command4 = nullptr;
+    QGroupBox* Frame3 = nullptr;
+    QPushButton* Command6 = nullptr;
+    QPushButton* Command5 = nullptr;
+
+    QGroupBox* Frame1 = nullptr;
+    QLabel* Label1 = nullptr;
+    QLabel* Label3 = nullptr;
+    ScrollBar* HScroll1 = nullptr;
+    QPushButton* Command1 = nullptr;
+
+    QGroupBox* Frame4 = nullptr;
+    ScrollBar* HScroll2 = nullptr;
+    std::array<QLabel*, 4> previews_ = {}; ///< Image1 to Image4
+    QPushButton* Command14 = nullptr;
+};

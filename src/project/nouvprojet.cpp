@@ -1,0 +1,51 @@
+#include "project/nouvprojet.h"
+
+#include "project/creation.h"
+#include "toolkit/boxes.h"
+#include "toolkit/text.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+nouvprojet::nouvprojet(Workspace& workspace)
+    : View(workspace, u"nouvprojet"_s, u"Create a project"_s)
+{
+    constexpr int fieldWidth = 260;
+    Text1 = named<QLineEdit>("Text1"_L1, u"Untitled"_s, surface());
+    Text1->setMinimumWidth(fieldWidth);
+    Text2 = named<QLineEdit>("Text2"_L1, u"Kestrel"_s, surface());
+    auto* Command1 = named<QPushButton>("Command1"_L1, u"Create!"_s, surface());
+    connect(Command1, &QPushButton::clicked, this, &nouvprojet::Command1_Click);
+    connect(Text1, &QLineEdit::returnPressed, this, &nouvprojet::Command1_Click);
+    connect(Text2, &QLineEdit::returnPressed, this, &nouvprojet::Command1_Click);
+
+    auto* form = new QFormLayout(surface());
+    form->setContentsMargins(16, 16, 16, 16);
+    form->setSpacing(10);
+    form->addRow(u"Project's Name :"_s, Text1);
+    form->addRow(u"Project's Creator :"_s, Text2);
+    form->addRow(QString(), Command1);
+    Text1->selectAll();
+    setFocusProxy(Text1);
+}
+
+void nouvprojet::Command1_Click()
+{
+    if (const auto failure = CreateProject(typed(Text1->text()), typed(Text2->text()))) {
+        messageBox(
+            this,
+            u"Erreur , des données essentiels au fonctionnement du programme sont manquantes ou corrompus , "
+            "veuillez réinstaller Questforge 3\r\n"_s +
+                shown(*failure),
+            BoxIcon::Stop);
+        return;
+    }
+    workspace().showControlpanel();
+    workspace().openMap("01");
+    frameWindow()->close();
+}

@@ -1,0 +1,97 @@
+#include "toolkit/directorylist.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QStringList>
+#include <QStyle>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+constexpr int folderPath = Qt::UserRole;
+
+/// A folder and those that it lies in, the outermost first.
+QStringList withAncestors(const QString& path)
+{
+    QStringList folders{path};
+    QDir folder(path);
+    while (folder.cdUp()) {
+        folders.prepend(folder.absolutePath());
+    }
+    return folders;
+}
+
+} // namespace
+
+DirectoryList::DirectoryList(QWidget* parent)
+    : QListWidget(parent)
+{
+    setUniformItemSizes(true);
+}
+
+bool DirectoryList::setPath(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.isDir() || !info.isReadable()) {
+        return false;
+    }
+    path_ = QDir(path).absolutePath();
+    clear();
+    int depth = 0;
+    for (const QString& folder : withAncestors(path_)) {
+        const QString name = QFileInfo(folder).fileName();
+        addFolder(name.isEmpty() ? folder : name, folder, depth++);
+    }
+    setCurrentRow(count() - 1);
+    const QStringList inner = QDir(path_).entryList(QDir::Dirs | QDir::NoDotAndDotDot,
+                                                    QDir::Name | QDir::IgnoreCase | QDir::LocaleAware);
+    for (const QString& name : inner) {
+        addFolder(name, path_ + u'/' + name, depth);
+    }
+    scrollToItem(currentItem(), QAbstractItemView::PositionAtTop);
+    return true;
+}
+
+void DirectoryList::addFolder(const QString& name, const QString& path, int depth)
+{
+    constexpr int stepsShown = 8; // deeper folders would leave no room for their names
+    const auto icon = path_.startsWith(path) ? QStyle::SP_DirOpenIcon : QStyle::SP_DirIcon;
+    auto* item = new QListWidgetItem(style()->standardIcon(icon),
+                                     QString(2 * std::min(depth, stepsShown), u' ') + name);
+    item->setData(folderPath, path);
+    item->setData(Qt::AccessibleTextRole, path);
+    addItem(item);
+}
+
+void DirectoryList::openSelected()
+{
+    if (const QListWidgetItem* item = currentItem()) {
+        setPath(item->data(folderPath).toString());
+    }
+}
+
+void DirectoryList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (itemAt(event->pos()) != nullptr) {
+        openSelected();
+    }
+}
+
+void DirectoryList::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        openSelected();
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+}
+
+void DirectoryList::showEvent(QShowEvent* event)
+{
+    QListWidget::showEvent(event);
+    setPath(path_); // folders may have come and gone while nobody looked
+}

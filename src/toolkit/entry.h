@@ -1,0 +1,36 @@
+/// One choice of a view, made of an icon and a label beside it that move together while either is pressed.
+#pragma once
+
+#include <QLabel>
+
+/// A label, with text or a picture, that reports what the mouse does to it. A key that presses it counts as a
+/// click.
+class PressLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit PressLabel(QWidget* parent);
+
+Q_SIGNALS:
+    void pressed();
+    void released();
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool down_ = false;
+};
+
+/// Moves both labels by the press shift while one of them is pressed, and back on release: from where they
+/// are then, not from a place that is remembered.
+void joinPressFeedback(PressLabel* icon, PressLabel* label);

@@ -1,0 +1,33 @@
+/// A list of text lines: quick whatever their number and length, since a long line is shown shortened and
+/// kept whole.
+#pragma once
+
+#include <QListWidget>
+#include <string>
+#include <vector>
+
+class LineList : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LineList(QWidget* parent);
+
+    void appendLine(const std::string& line);
+    void setLines(const std::vector<std::string>& lines);
+    /// The lines as they were given, whole.
+    std::vector<std::string> lines() const;
+    std::string line(int row) const;
+    /// The selected row counted from 0; -1 when none is.
+    int selectedRow() const;
+
+Q_SIGNALS:
+    /// A line was clicked, or the selection was moved by a key; row counts from 0.
+    void chosen(int row);
+    /// A double click, anywhere in the list, or Enter.
+    void opened();
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};

@@ -1,0 +1,56 @@
+/// What all views share: a child window of the main window whose controls lie on a surface that scrolls when
+/// the window is smaller than they need.
+#pragma once
+
+#include "toolkit/workspace.h"
+
+#include <QScrollArea>
+
+class QLabel;
+class QMdiSubWindow;
+
+class View : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// name: the view's object name; caption: its window's title.
+    View(Workspace& workspace, const QString& name, const QString& caption);
+
+    QSize sizeHint() const override;
+
+    /// The view became the active one; coming back from another program does not count.
+    virtual void activated() {}
+    /// Another view became the active one.
+    virtual void deactivated() {}
+
+protected:
+    Workspace& workspace() const { return workspace_; }
+    /// The widget that holds the view's controls.
+    QWidget* surface() const { return widget(); }
+    /// The window that the main window gives to this view; none before it is shown there.
+    QMdiSubWindow* frameWindow() const;
+    /// Fits the window to the surface, unless the author maximised it.
+    void fitWindow();
+
+private:
+    Workspace& workspace_;
+};
+
+/// Makes a control with its object name.
+template <class Control, class... Arguments> Control* named(const QString& name, Arguments&&... arguments)
+{
+    auto* control = new Control(std::forward<Arguments>(arguments)...);
+    control->setObjectName(name);
+    return control;
+}
+
+/// A text that a control carries besides its caption.
+void setTag(QWidget* control, const QString& text);
+QString tag(const QWidget* control);
+
+/// A label for text that may hold anything: never taken for markup.
+QLabel* textLabel(const QString& name, const QString& text, QWidget* parent);
+
+/// A picture that ships with the program, by its file's name without ending; drawn crisp on dense screens.
+QPixmap programPicture(const QString& name);

@@ -1,0 +1,101 @@
+#include "variables/var.h"
+
+#include "store/codepage.h"
+#include "store/numbers.h"
+#include "toolkit/boxes.h"
+#include "toolkit/linelist.h"
+#include "toolkit/text.h"
+#include "variables/variables.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+std::string askStartValue(QWidget* parent)
+{
+    return typed(inputBox(parent, u"Taper la valeur de départ de la variable"_s));
+}
+
+} // namespace
+
+var::var(Workspace& workspace)
+    : View(workspace, u"var"_s, u"Variables of the game"_s)
+{
+    constexpr QSize listSize(380, 240);
+    auto* Label1 = textLabel("Label1"_L1, u"Number of variables :"_s, surface());
+    Label2 = textLabel("Label2"_L1, u"0"_s, surface());
+    auto* Command1 = named<QPushButton>("Command1"_L1, u"Add a variable"_s, surface());
+    auto* Label3 = textLabel("Label3"_L1, u"Variables :"_s, surface());
+    List1 = named<LineList>("List1"_L1, surface());
+    List1->setMinimumSize(listSize);
+    List1->setAccessibleName(u"Variables"_s);
+    List1->setToolTip(u"Click a variable to change its start value"_s);
+
+    auto* grid = new QGridLayout(surface());
+    grid->setContentsMargins(12, 12, 12, 12);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(Label1, 0, 0);
+    grid->addWidget(Label2, 0, 1);
+    grid->addWidget(Command1, 0, 2);
+    grid->addWidget(Label3, 1, 0);
+    grid->addWidget(List1, 2, 0, 1, 3);
+    connect(Command1, &QPushButton::clicked, this, &var::Command1_Click);
+    connect(List1, &LineList::chosen, this, &var::List1_Click);
+}
+
+void var::activated()
+{
+    refresh();
+}
+
+/// Shows the count and the variables; false, after a message, when the count is not a number.
+bool var::refresh()
+{
+    List1->clear();
+    const std::string count = VariableCountText();
+    Label2->setText(shown(count));
+    if (count.empty()) {
+        return true;
+    }
+    const auto number = CountFrom(count);
+    if (!number) {
+        reportBadCount();
+        return false;
+    }
+    for (const std::string& value : StartValues(*number)) {
+        List1->appendLine(
+            std::to_string(List1->count() + 1).append(" | Valeur de départ : "_ansi).append(value));
+    }
+    return true;
+}
+
+void var::reportBadCount()
+{
+    messageBox(this,
+               u"Erreur : "_s + u"the number of variables in projet.ini is not a number from 0 to 32767"_s);
+}
+
+void var::Command1_Click()
+{
+    const auto count = CountFrom(typed(Label2->text()));
+    if (!count || !CountFrom(std::to_string(*count + 1))) {
+        reportBadCount();
+        return;
+    }
+    const int number = *count + 1;
+    BeginVariable(number);
+    FinishVariable(number, askStartValue(this));
+    Label2->setText(QString::number(number));
+    refresh();
+}
+
+void var::List1_Click(int row)
+{
+    SetStartValue(row + 1, askStartValue(this));
+    refresh();
+}
