@@ -1,0 +1,40 @@
+// Turns a readable source (UTF-8, LF) into the text of a template: code page 1252, CR LF.
+#include "store/codepage.h"
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+namespace
+{
+
+std::string withCrLf(const std::string& text)
+{
+    std::string result;
+    for (const char c : text) {
+        result += c == '\n' ? "\r\n" : std::string(1, c);
+    }
+    return result;
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    if (count != 3) {
+        std::fputs("usage: engine_text SOURCE TARGET\n", stderr);
+        return 2;
+    }
+    std::ifstream source(arguments[1], std::ios::binary);
+    std::stringstream text;
+    text << source.rdbuf();
+    std::ofstream target(arguments[2], std::ios::binary);
+    target << withCrLf(AnsiFromUtf8(text.str()));
+    target.close();
+    if (!source || !target) {
+        std::fprintf(stderr, "engine_text: cannot turn %s into %s\n", arguments[1], arguments[2]);
+        return 1;
+    }
+    return 0;
+}
