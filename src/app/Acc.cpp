@@ -37,7 +37,7 @@ Acc::Acc(Workspace& workspace)
     entry(2, u"open"_s, u"Open an existing project"_s, &Acc::openExisting);
     entry(3, u"documentation"_s, u"Documentation"_s, &Acc::documentation);
     grid->setColumnStretch(1, 1);
-    panel_->move(24, 24);
+    panel_->move(28, 66);
     panel_->adjustSize();
 }
 

@@ -22,6 +22,9 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
+// A new view lies beside the control panel and a little off the one before it, so that its title can be seen.
+constexpr int cascadeStep = 24; // pixels
+constexpr int cascadeSteps = 6;
 constexpr QSize openingSize(1280, 720); // holds the control panel and one map editor side by side
 
 } // namespace
@@ -65,14 +68,15 @@ template <class Only> void Mainform::showOnly()
     showView(view);
 }
 
-QMdiSubWindow* Mainform::addView(View* view)
+void Mainform::addView(View* view)
 {
     auto* window = new QMdiSubWindow;
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWidget(view);
+    const int step = static_cast<int>(area_->subWindowList().size()) % cascadeSteps * cascadeStep;
     area_->addSubWindow(window);
     window->resize(window->sizeHint());
-    return window;
+    window->move(controlPanelWidth() + step, step);
 }
 
 void Mainform::showView(View* view)

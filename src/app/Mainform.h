@@ -40,7 +40,7 @@ private:
     void MDIForm_Click();
 
     /// Gives a view its window in the work area, not yet shown.
-    QMdiSubWindow* addView(View* view);
+    void addView(View* view);
     void showView(View* view);
     template <class Only> void showOnly();
     template <class Only> Only* find() const;

@@ -30,6 +30,8 @@ QStringList withAncestors(const QString& path)
 DirectoryList::DirectoryList(QWidget* parent)
     : QListWidget(parent)
 {
+    const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    setIconSize({iconSize, iconSize});
     setUniformItemSizes(true);
 }
 
