@@ -48,6 +48,11 @@ Mainform::Mainform()
     showAcc();
 }
 
+Mainform::~Mainform()
+{
+    area_->disconnect(this); // the area, which goes later, reports windows to the end
+}
+
 template <class Only> Only* Mainform::find() const
 {
     for (const QMdiSubWindow* window : area_->subWindowList()) {

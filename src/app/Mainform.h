@@ -17,6 +17,7 @@ class Mainform : public QMainWindow, public Workspace
 public:
     /// Makes AppDir/projets (any failure is ignored) and shows the welcome view.
     Mainform();
+    ~Mainform() override;
 
     void showAcc() override;
     void showNouvprojet() override;

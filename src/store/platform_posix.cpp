@@ -14,7 +14,7 @@ namespace platform
 namespace
 {
 
-constexpr off_t largestFile = 256 * 1024 * 1024;
+constexpr off_t largestFile = off_t{256} * 1024 * 1024;
 
 std::error_code lastError()
 {

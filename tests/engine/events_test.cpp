@@ -1,0 +1,221 @@
+#include "tests/engine/game.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+
+namespace engine::testing
+{
+namespace
+{
+
+constexpr const char* place = "hero.x .. ',' .. hero.y";
+
+// Notes each cell whose event is run.
+constexpr const char* noteCells = "seen = ''\r\n"
+                                  "function runev(colonne,ligne,map)\r\n"
+                                  "seen = seen .. colonne + 0 .. ',' .. ligne + 0 .. ' ' .. map .. ';'\r\n"
+                                  "end\r\n\r\n";
+
+// The cell to the right of the start is blocked.
+constexpr const char* blockedNeighbour = "00000000000000000\r\n"
+                                         "00000000000000000\r\n"
+                                         "00000000000000000\r\n"
+                                         "00000000000000000\r\n"
+                                         "00001000000000000\r\n\r\n";
+
+TEST(Events, RunOnceForEachCellEntered)
+{
+    Game game;
+    game.file("ev.lua", noteCells);
+    game.begin();
+    game.wait(30);
+    game.walk(button::right, 2);
+    game.walk(button::left, 1);
+    game.wait(30);
+    game.press(button::cross);
+    game.run();
+    EXPECT_EQ(game.value("seen"), "5,5 01;6,5 01;5,5 01;");
+}
+
+TEST(Events, OfABlockedCellRunWhenCrossIsPressedBeforeIt)
+{
+    Game game;
+    game.map("01", "0405", blockedNeighbour);
+    game.file("ev.lua", noteCells);
+    game.begin();
+    game.press(button::cross);
+    game.walk(button::right, 1);
+    const Frame bumped = game.watch("seen");
+    game.press(button::cross);
+    game.press(button::cross);
+    game.run();
+    EXPECT_EQ(game.player().watched(bumped, "seen"), "");
+    EXPECT_EQ(game.value("seen"), "5,5 01;5,5 01;");
+}
+
+TEST(Events, PutTheHeroOnACellOfTheMapWhateverTheirLinesSay)
+{
+    const std::pair<const char*, const char*> moves[] = {
+        {"hero.x = 9 -- D\xE9placement du h\xE9ro(vertical)\r\nhero.y = 3", "9,3"},
+        {"hero.x = \"7\"", "7,5"},
+        {"hero.y = 9", "5,8"},
+        {"hero.x = -1e300 hero.y = 1/0", "1,8"},
+        {"hero.x = 2.9", "2,5"},
+        {"hero.x = 0/0 hero.y = nil", "5,5"},
+        {"hero.x = \"abc\" hero.y = {}", "5,5"},
+        {"hero = nil", "5,5"},
+        {"hero = { x = 3 }", "3,5"},
+    };
+    for (const auto& [lines, expected] : moves) {
+        Game game;
+        game.event(5, 5, lines);
+        for (const auto& [x, y] : {std::pair(9, 3), {7, 5}, {5, 8}, {1, 8}, {2, 5}, {3, 5}}) {
+            game.event(x, y, "again = true");
+        }
+        game.begin();
+        game.walk(button::right, 1);
+        game.run();
+        EXPECT_EQ(game.value(place), expected) << lines;
+        EXPECT_EQ(game.value("again"), "nil") << lines;
+        EXPECT_EQ(game.value("hero.vie"), "100") << lines;
+    }
+}
+
+TEST(Events, ShowTheirChangesBeforeTheyPause)
+{
+    Game game;
+    game.event(5, 5,
+               "hero.x = 12\r\nscreen.waitVblankStart(30)\r\nscreen.waitVblankStart(-3)\r\nafter = true");
+    game.begin();
+    const Frame before = game.capture();
+    game.walk(button::right, 1);
+    const Frame pausing = game.watch("after");
+    game.capture();
+    game.wait(22);
+    const Frame over = game.watch("after");
+    game.wait(20);
+    game.run();
+    EXPECT_EQ(game.player().watched(pausing, "after"), "nil");
+    EXPECT_EQ(game.player().watched(over, "after"), "nil");
+    EXPECT_EQ(game.value("after"), "true");
+    const int middleOfTarget = 2 + 11 * 28 + 14;
+    const int row = 36 + 4 * 29 + 14;
+    EXPECT_NE(game.player().captured(before).pixel(middleOfTarget, row),
+              game.player().captured(pausing).pixel(middleOfTarget, row));
+}
+
+TEST(Events, ChangeTheMapAtTheirEnd)
+{
+    Game game;
+    game.map("02", "1002");
+    game.event(5, 5, "runmap(\"02\")\r\nduring = jeu.map.number .. hero.x\r\nhero.vie = hero.vie - 10");
+    game.begin();
+    game.walk(button::right, 1);
+    game.wait(30);
+    game.run();
+    EXPECT_EQ(game.value("during"), "015");
+    EXPECT_EQ(game.value("jeu.map.number .. ' ' .. hero.x .. ',' .. hero.y"), "02 10,2");
+    EXPECT_EQ(game.value("hero.vie"), "90");
+}
+
+TEST(Events, NameTheMapThatIsMissingAndTheGameGoesOn)
+{
+    const std::pair<const char*, const char*> targets[] = {{"03", "map03.map is missing"},
+                                                           {"", "There is no map "},
+                                                           {"../01", "There is no map ../01"},
+                                                           {"04", "images/map04/terrain.png"}};
+    for (const auto& [number, message] : targets) {
+        Game game;
+        game.map("04", "0101");
+        game.event(5, 5, std::string("runmap(\"") + number + "\")");
+        game.begin();
+        game.walk(button::right, 1);
+        game.wait(30);
+        game.press(button::cross);
+        game.walk(button::right, 1);
+        game.run();
+        EXPECT_TRUE(contains(game.pages(), message)) << game.pages();
+        EXPECT_EQ(game.value("jeu.map.number .. hero.x"), "016");
+    }
+}
+
+TEST(Events, KillTheHeroAndTheTitleComesBack)
+{
+    for (const char* lines :
+         {"hero.vie = hero.vie - 100", "hero.vie = -5\r\nrunmap(\"02\")", "hero.vie = \"0\""}) {
+        Game game;
+        game.map("02", "1002");
+        game.event(5, 5, std::string("screen.waitVblankStart(10)\r\n") + lines);
+        game.begin();
+        game.walk(button::right, 1);
+        const Frame alive = game.capture();
+        game.wait(20);
+        const Frame dead = game.capture();
+        game.press(button::cross);
+        game.wait(2);
+        game.run();
+        EXPECT_TRUE(contains(game.pages(), "You are dead.|\nEssai|>|New game|Quit|\n")) << game.pages();
+        EXPECT_EQ(game.value("jeu.map.number"), "01");
+        const int headOfHero = 36 + 4 * 29 + 5;
+        const int middleOfHero = 2 + 4 * 28 + 14;
+        EXPECT_NE(game.player().captured(alive).pixel(middleOfHero, headOfHero),
+                  game.player().captured(dead).pixel(middleOfHero, headOfHero));
+    }
+}
+
+struct Mistake {
+    const char* file;
+    const char* lines;
+    const char* message;
+};
+
+// The lines are typed by hand, so the game must show what is wrong with them and still be a game.
+TEST(Events, TellTheirMistakesAndTheGameGoesOn)
+{
+    const Mistake mistakes[] = {
+        {"ev.lua", "function runev(colonne,ligne,map)\r\naffichertexte(\"a\"b\")\r\nend\r\n", "ev.lua:2:"},
+        {"ev.lua", "function runev()\r\nend\r\nend\r\n", "ev.lua:3:"},
+        {"ev.lua", "function runev()\r\n\r\nlocal x = 1 + nil\r\nend\r\n",
+         "column 5, row 5 stopped: ev.lua:3:"},
+        {"ev.lua", "function runev() error({}) end", "stopped: table:"},
+        {"ev.lua", "function runev() return runev() + 1 end", "stack overflow"},
+        {"ev.lua", "function runev() jeu = nil var = 5 nothing() end", "'nothing'"},
+        {"variables.lua", "var = {}\r\nvar[1] = \"a\"b\"\r\n", "variables.lua:2:"},
+    };
+    for (const Mistake& mistake : mistakes) {
+        Game game;
+        game.file(mistake.file, mistake.lines);
+        game.begin();
+        game.press(button::cross);
+        game.walk(button::right, 1);
+        game.press(button::cross);
+        game.walk(button::up, 1);
+        game.press(button::cross);
+        game.wait(2);
+        EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
+        // The words of a long message are on several lines.
+        std::string told = game.pages();
+        std::replace(told.begin(), told.end(), '|', ' ');
+        EXPECT_TRUE(contains(told, mistake.message)) << told;
+        EXPECT_EQ(game.value(place), "5,4") << mistake.message;
+    }
+}
+
+TEST(Events, AreNotNeededForAGame)
+{
+    Game game;
+    game.remove("ev.lua");
+    game.file("variables.lua", "--Variables du jeu\r\n");
+    game.begin();
+    game.press(button::cross);
+    game.walk(button::right, 1);
+    game.run();
+    EXPECT_TRUE(contains(game.pages(), "ev.lua")) << game.pages();
+    EXPECT_EQ(game.value(place), "5,5");
+    EXPECT_EQ(game.value("type(var)"), "table");
+}
+
+} // namespace
+} // namespace engine::testing

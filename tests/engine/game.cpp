@@ -1,0 +1,165 @@
+#include "tests/engine/game.h"
+
+#include "player/code_page.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace engine::testing
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+// Starts the project and notes the texts of each picture on the way to the screen.
+constexpr std::string_view spyingBootScript = R"lua(
+local real, texts, last = screen, "", nil
+pages = ""
+screen = setmetatable({}, { __index = function(spy, name)
+    return function(first, ...)
+        if first == spy then first = real end
+        return real[name](first, ...)
+    end
+end })
+function screen:print(x, y, text, color)
+    if text ~= last then texts = texts .. text .. "|" end
+    last = text
+    real:print(x, y, text, color)
+end
+function screen.flip()
+    if texts ~= "" then pages = pages .. texts .. "\n" end
+    texts, last = "", nil
+    real.flip()
+end
+System.currentDirectory("projets/Essai")
+dofile("index.lua")
+)lua";
+
+std::string readText(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string repeated(std::string_view line, int times)
+{
+    std::string text;
+    for (int i = 0; i < times; ++i) {
+        text += line;
+    }
+    return text;
+}
+
+void copyPictures(const fs::path& images)
+{
+    const fs::path pictures = sourceFolder() / "data/images";
+    for (const char* folder : {"map01", "map02", "personnages"}) {
+        fs::create_directories(images / folder);
+    }
+    fs::copy(pictures / "personnages/perso01", images / "personnages/hero");
+    fs::copy(pictures / "system/theme01", images / "System");
+    fs::copy_file(pictures / "terrains/terrain01/terrain01.png", images / "map01/terrain.png");
+    fs::copy_file(pictures / "terrains/terrain04/terrain01.png", images / "map02/terrain.png");
+}
+
+} // namespace
+
+fs::path sourceFolder()
+{
+    return QUESTFORGE_SOURCE_DIR;
+}
+
+std::string projectText(std::string_view text)
+{
+    std::string lines;
+    for (const char byte : player::cp1252FromUtf8(text)) {
+        lines += byte == '\n' ? "\r\n" : std::string(1, byte);
+    }
+    return lines + "\r\n";
+}
+
+Game::Game()
+{
+    folder_.write("index.lua", spyingBootScript);
+    for (const char* name : {"index.lua", "menustart.lua", "ram.lua", "map.lua", "ev.lua"}) {
+        file(name, projectText(readText(sourceFolder() / "engine" / name)));
+    }
+    file("variables.lua", "--Variables du jeu\r\nvar = {}\r\nvar[1] = \"0\"\r\n\r\n");
+    file("projet.ini", "[Jeu]\r\nnom=Essai\r\ncartes=1\r\n[Carte01]\r\ntexture=01\r\nnom=Carte 1\r\n");
+    map("01", "0405");
+    copyPictures(folder_.path() / project_ / "images");
+}
+
+void Game::file(const std::string& name, std::string_view content) const
+{
+    folder_.write(project_ / name, content);
+}
+
+void Game::remove(const std::string& name) const
+{
+    fs::remove_all(folder_.path() / project_ / name);
+}
+
+void Game::map(const std::string& number, const std::string& start, const std::string& blocks) const
+{
+    const std::string end = "\r\n";
+    file("map" + number + ".map", start + end + repeated(std::string(17, '0') + end, 8) + end + end);
+    file("map" + number + ".ev", blocks.empty() ? repeated(std::string(17, '0') + end, 8) + end : blocks);
+}
+
+void Game::event(int column, int row, std::string_view lines)
+{
+    events_ += "\r\n    if ligne == " + std::to_string(row) + " and colonne == " + std::to_string(column) +
+               " then\r\n    \r\n" + std::string(lines) + "\r\n\r\n    end\r\n\r\n";
+}
+
+player::testing::PlayerRun& Game::player()
+{
+    if (!player_) {
+        player_.emplace(folder_.path());
+    }
+    return *player_;
+}
+
+void Game::press(Buttons buttons)
+{
+    player().tap(now_, buttons);
+    now_ += 6;
+}
+
+void Game::walk(Buttons direction, int cells)
+{
+    player().hold(now_, direction);
+    player().hold(now_ + cells * framesPerCell - 7, button::none);
+    now_ += cells * framesPerCell + 4;
+}
+
+void Game::begin()
+{
+    press(button::cross);
+}
+
+Frame Game::watch(const std::string& expression)
+{
+    player().watch(now_, expression);
+    return now_;
+}
+
+Frame Game::capture()
+{
+    player().capture(now_);
+    return now_;
+}
+
+Outcome Game::run()
+{
+    if (!events_.empty()) {
+        file("ev.lua", "function runev(colonne,ligne,map)\r\nif map == \"01\" then\r\n" + events_ +
+                           "end\r\n\r\nend\r\n");
+    }
+    return player().play(now_);
+}
+
+} // namespace engine::testing

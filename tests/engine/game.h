@@ -1,0 +1,90 @@
+#pragma once
+
+#include "tests/player/harness.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace engine::testing
+{
+
+using player::Buttons;
+using player::Outcome;
+using player::testing::Frame;
+namespace button = player::button;
+
+/// The folder with the engine's scripts and the pictures that a project starts with.
+std::filesystem::path sourceFolder();
+
+/// A text of the engine as it lies in a project: Windows-1252, CR LF, and one CR LF more.
+std::string projectText(std::string_view text);
+
+/// A game in a folder of its own, laid out as a new project whose first map is an empty meadow, and somebody
+/// who plays it. Each act takes up the frames it needs; the game runs when it is asked to.
+class Game
+{
+public:
+    static constexpr Frame framesPerCell = 14;
+
+    Game();
+
+    /// Writes a file of the project, bytes as they are.
+    void file(const std::string& name, std::string_view content) const;
+    std::string content(const std::string& name) const { return folder_.read(project_ / name); }
+    void remove(const std::string& name) const;
+
+    /// A map with a start ("0405"), plain grass and these block flags: eight rows of 17; empty is no block.
+    void map(const std::string& number, const std::string& start, const std::string& blocks = "") const;
+
+    /// Attaches lines to a cell of map 01. ev.lua is made of all of them when the game runs.
+    void event(int column, int row, std::string_view lines);
+
+    /// A tap, and the time to react to it.
+    void press(Buttons buttons);
+
+    /// Holds a direction for so many cells (at a wall: for as long as they would take).
+    void walk(Buttons direction, int cells);
+    void wait(Frame frames) { now_ += frames; }
+
+    /// From now on these buttons are held down.
+    void hold(Buttons buttons) { player().hold(now_, buttons); }
+
+    /// "New game" from the title.
+    void begin();
+
+    /// The frame that the next act starts with.
+    Frame now() const { return now_; }
+
+    /// Keeps an expression's value, or the picture, of this moment.
+    Frame watch(const std::string& expression);
+    Frame capture();
+
+    /// Runs all acts and closes the game after them.
+    Outcome run();
+
+    /// Of the finished run.
+    std::string value(const std::string& expression) { return player().value(expression); }
+
+    /// The texts of every picture that showed texts: one line for each, its texts divided by "|".
+    std::string pages() { return value("pages"); }
+
+    player::testing::PlayerRun& player();
+
+private:
+    player::testing::TempFolder folder_;
+    std::filesystem::path project_ = "projets/Essai";
+    std::string events_;
+    std::optional<player::testing::PlayerRun> player_;
+    Frame now_ = 5;
+};
+
+/// Whether `text` holds `part`.
+inline bool contains(const std::string& text, std::string_view part)
+{
+    return text.find(part) != std::string::npos;
+}
+
+} // namespace engine::testing

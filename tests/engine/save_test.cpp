@@ -1,0 +1,113 @@
+#include "tests/engine/game.h"
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace engine::testing
+{
+namespace
+{
+
+// Opens the menu and takes its second entry, "Save", and closes the answer.
+void save(Game& game)
+{
+    game.press(button::start);
+    game.press(button::down);
+    game.press(button::cross);
+    game.press(button::cross);
+}
+
+// Third entry of the menu.
+void backToTitle(Game& game)
+{
+    game.press(button::start);
+    game.press(button::up);
+    game.press(button::cross);
+}
+
+// What a game of a few steps leaves, with values that a careless file would lose.
+void playAndSave(Game& game)
+{
+    game.map("02", "1002");
+    game.event(5, 5,
+               "runmap(\"02\")\r\nhero.vie = 72.5\r\nhero.nom = \"Zo\xEB end\"\r\n"
+               "var[1] = \"a \\\\032\\n\\\"s:b\\\" ]]\"\r\nvar[7] = true\r\nvar.clef = -1e-7\r\nvar[8] = {}");
+    game.begin();
+    game.walk(button::right, 1);
+    game.wait(30);
+    game.walk(button::up, 1);
+    save(game);
+}
+
+TEST(Save, ContinuesWithThePlaceTheHeroAndTheVariables)
+{
+    Game game;
+    playAndSave(game);
+    game.walk(button::left, 3);
+    backToTitle(game);
+    game.press(button::down);
+    game.press(button::cross);
+    game.run();
+    EXPECT_TRUE(contains(game.pages(), "The game is saved.")) << game.pages();
+    EXPECT_EQ(game.value("jeu.map.number .. ' ' .. hero.x .. ',' .. hero.y .. ' ' .. jeu.facing"),
+              "02 10,1 dos");
+    EXPECT_EQ(game.value("hero.vie .. ' ' .. hero.nom"), "72.5 Zo\xEB end");
+    EXPECT_EQ(game.value("var[1]"), "a \\032\n\"s:b\" ]]");
+    EXPECT_EQ(game.value("var[7] == true and var.clef == -1e-7 and var[8] == nil"), "true");
+}
+
+TEST(Save, IsOnlyOfferedWhenItIsWhole)
+{
+    Game game;
+    playAndSave(game);
+    game.run();
+    const std::string whole = game.content("sauve.txt");
+    ASSERT_EQ(game.value("jeu.readSave() ~= nil"), "true") << whole;
+    for (std::size_t length = 0; length + 1 < whole.size(); ++length) {
+        game.file("sauve.txt", whole.substr(0, length));
+        ASSERT_EQ(game.value("jeu.readSave()"), "nil") << whole.substr(0, length);
+    }
+    const std::string damaged[] = {"end\n", std::string(3000, '\0'), "os.exit()\n" + whole,
+                                   "save 1\nplace s:map s:99\nend\n", "save 1\nplace s:map n:01\nend\n"};
+    for (const std::string& junk : damaged) {
+        game.file("sauve.txt", junk);
+        EXPECT_EQ(game.value("jeu.readSave()"), "nil") << junk;
+    }
+}
+
+TEST(Save, OfAnotherHandIsMadeToFitTheGame)
+{
+    Game game;
+    game.file("sauve.txt", "save 1\nplace s:map s:01\nplace s:facing s:mort\nhero s:x n:1e99\nhero s:y s:b\n"
+                           "hero s:vie n:nan\nvar n:nan s:x\nnothing n:1 n:1\nvar n:1 s:\\999\njunk\nend\n");
+    game.press(button::down);
+    game.press(button::cross);
+    game.walk(button::up, 1);
+    EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
+    EXPECT_EQ(game.value("hero.x .. ',' .. hero.y .. ' ' .. hero.vie"), "17,4 100");
+}
+
+TEST(Save, SaysWhenItCannotBeWritten)
+{
+    Game game;
+    game.file("sauve.txt/in the way", "");
+    game.begin();
+    save(game);
+    game.run();
+    EXPECT_TRUE(contains(game.pages(), "could not be saved")) << game.pages();
+}
+
+TEST(Save, DoesNotReachIntoANewGame)
+{
+    Game game;
+    playAndSave(game);
+    backToTitle(game);
+    game.begin();
+    game.run();
+    EXPECT_TRUE(contains(game.pages(), "Continue"));
+    EXPECT_EQ(game.value("jeu.map.number .. hero.x .. ' ' .. hero.vie .. var[1]"), "014 1000");
+    EXPECT_EQ(game.value("hero.nom"), "nil");
+}
+
+} // namespace
+} // namespace engine::testing

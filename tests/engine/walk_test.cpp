@@ -1,0 +1,148 @@
+#include "tests/engine/game.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace engine::testing
+{
+namespace
+{
+
+constexpr const char* place = "hero.x .. ',' .. hero.y";
+
+// A wall round the cell in column 4, row 5, that is open to the left.
+constexpr const char* walledStart = "00000000000000000\r\n"
+                                    "00000000000000000\r\n"
+                                    "00000000000000000\r\n"
+                                    "00010000000000000\r\n"
+                                    "00011000000000000\r\n"
+                                    "00010000000000000\r\n"
+                                    "00000000000000000\r\n"
+                                    "00000000000000000\r\n\r\n";
+
+TEST(Walk, GoesOnFromCellToCellWhileADirectionIsHeld)
+{
+    Game game;
+    game.begin();
+    game.walk(button::right, 3);
+    const Frame east = game.watch(place);
+    game.walk(button::up, 2);
+    const Frame north = game.watch(place);
+    game.wait(1);
+    EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
+    EXPECT_EQ(game.player().watched(east, place), "7,5");
+    EXPECT_EQ(game.player().watched(north, place), "7,3");
+}
+
+TEST(Walk, ShowsOnePictureForEachFrameOfAStepAndNoneWhileStanding)
+{
+    Game still;
+    still.begin();
+    still.wait(3 * Game::framesPerCell);
+    still.run();
+    Game walking;
+    walking.begin();
+    walking.walk(button::right, 2);
+    walking.wait(Game::framesPerCell - 4);
+    walking.run();
+    EXPECT_EQ(walking.player().presented(), still.player().presented() + 2 * Game::framesPerCell);
+}
+
+// Compares the row of the start, two cells wide, from the given columns on.
+bool sameCells(const player::Image& one, int left, const player::Image& other, int otherLeft)
+{
+    const int start = 2 + 28 * (left - 1);
+    const int otherStart = 2 + 28 * (otherLeft - 1);
+    for (int y = 36 + 29 * 4; y < 36 + 29 * 5; ++y) {
+        if (!std::equal(one.row(y) + start, one.row(y) + start + 56, other.row(y) + otherStart)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+TEST(Walk, MovesThePictureAndChangesTheFootWithEachStep)
+{
+    Game game;
+    game.begin();
+    const Frame start = game.now();
+    for (const Frame frame : {0, 4, 11, 14, 18, 25}) {
+        game.player().capture(start + frame);
+    }
+    game.walk(button::right, 2);
+    game.run();
+    const auto at = [&](Frame frame) -> const player::Image& {
+        return game.player().captured(start + frame);
+    };
+    EXPECT_FALSE(sameCells(at(0), 4, at(4), 4));
+    EXPECT_FALSE(sameCells(at(4), 4, at(11), 4));
+    EXPECT_FALSE(sameCells(at(4), 4, at(18), 5)) << "the same foot";
+    EXPECT_TRUE(sameCells(at(11), 4, at(25), 5));
+    EXPECT_FALSE(sameCells(at(0), 4, at(14), 5)) << "not turned to the right";
+}
+
+struct Obstacle {
+    const char* start;
+    const char* blocks;
+    Buttons direction;
+    const char* place;
+    const char* facing;
+    const char* cellsEntered;
+};
+
+TEST(Walk, TurnsAndStaysBeforeBlocksAndEdges)
+{
+    const Obstacle obstacles[] = {
+        {"0101", "", button::up, "1,1", "dos", "0"},
+        {"0101", "", button::left, "1,1", "gauche", "0"},
+        {"1708", "", button::down, "17,8", "face", "0"},
+        {"1708", "", button::right, "17,8", "droite", "0"},
+        {"0405", walledStart, button::up, "4,5", "dos", "0"},
+        {"0405", walledStart, button::left, "1,5", "gauche", "3"},
+        {"0505", walledStart, button::right, "9,5", "droite", "4"},
+    };
+    for (const Obstacle& obstacle : obstacles) {
+        Game game;
+        game.map("01", obstacle.start, obstacle.blocks);
+        game.file("ev.lua", "count = 0 function runev() count = count + 1 end");
+        game.begin();
+        game.walk(obstacle.direction, 4);
+        game.run();
+        EXPECT_EQ(game.value(place), obstacle.place);
+        EXPECT_EQ(game.value("jeu.facing"), obstacle.facing);
+        EXPECT_EQ(game.value("count"), obstacle.cellsEntered);
+    }
+}
+
+TEST(Walk, ShowsTheTurnBeforeABlock)
+{
+    Game game;
+    game.map("01", "0405", walledStart);
+    game.begin();
+    const Frame before = game.capture();
+    game.walk(button::up, 1);
+    const Frame after = game.capture();
+    game.wait(1);
+    game.run();
+    EXPECT_FALSE(sameCells(game.player().captured(before), 4, game.player().captured(after), 4));
+}
+
+TEST(Walk, FollowsTheDirectionPressedLast)
+{
+    Game game;
+    game.begin();
+    game.hold(button::right);
+    game.wait(Game::framesPerCell + 5);
+    game.hold(button::right | button::down);
+    game.wait(Game::framesPerCell);
+    const Frame both = game.watch(place);
+    game.wait(Game::framesPerCell);
+    game.hold(button::right);
+    game.wait(Game::framesPerCell);
+    game.run();
+    EXPECT_EQ(game.player().watched(both, place), "6,5");
+    EXPECT_EQ(game.value(place), "6,7");
+}
+
+} // namespace
+} // namespace engine::testing
