@@ -1,0 +1,210 @@
+#include "store/ini.h"
+
+#include "store/codepage.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace
+{
+
+constexpr std::string_view newDescriptor = "[Jeu]\r\nnom=demo\r\nauteur=Kestrel\r\nver=3.0.0\r\ncartes=1\r\n"
+                                           "combats=0\r\n[Carte01]\r\ntexture=01\r\nnom=Carte 1\r\n"
+                                           "[Variables]\r\nnombre=0\r\n";
+
+struct Read {
+    std::string_view text, section, key, value;
+};
+
+void expectRead(const Read& c)
+{
+    EXPECT_EQ(IniValue(c.text, c.section, c.key), c.value) << c.text;
+    EXPECT_EQ(IniSections(std::string(c.text)).value(c.section, c.key), c.value) << c.text;
+}
+
+struct Write {
+    std::string_view text, section, key, value, result;
+};
+
+void expectWrites(const std::vector<Write>& cases)
+{
+    for (const Write& c : cases) {
+        EXPECT_EQ(WithIniValue(c.text, c.section, c.key, c.value), c.result) << c.text;
+    }
+}
+
+} // namespace
+
+TEST(IniText, NamesMatchWhateverTheirCase)
+{
+    expectRead({newDescriptor, "carte01", "nom", "Carte 1"});
+    expectRead({newDescriptor, "JEU", "Auteur", "Kestrel"});
+    expectRead({newDescriptor, "Jeu", "Combats", "0"});
+    expectRead({"[CARTE01]\r\nNOM=x\r\n", "Carte01", "nom", "x"});
+    expectRead({"[Az]\r\nzA=x\r\n", "aZ", "Za", "x"});
+    expectRead({"[@`Z]\r\na{=x\r\n", "`@z", "a[", ""}); // neighbours of the letters are no letters
+}
+
+TEST(IniText, TheFirstSectionAndTheFirstKeyCount)
+{
+    constexpr std::string_view text =
+        "nom=none\r\n[Carte1]\r\nnom=one\r\nnom=two\r\n[Carte]\r\nnoms=plural\r\n"
+        "[carte1]\r\nnom=three\r\nver=3\r\n";
+    expectRead({text, "Carte1", "nom", "one"});
+    expectRead({text, "Carte", "nom", ""});  // neither a longer key nor a later section
+    expectRead({text, "Carte1", "ver", ""}); // nor a second section of that name
+    expectRead({text, "", "nom", ""});
+    expectRead({"", "Carte", "nom", ""});
+}
+
+TEST(IniText, AValueIsTrimmedAndItsEnclosingQuotesAreTaken)
+{
+    const std::vector<std::pair<std::string_view, std::string_view>> cases = {
+        {"", ""},
+        {"  a b\t ", "a b"},
+        {"a=b", "a=b"},
+        {"\"a\"", "a"},
+        {"'a'", "a"},
+        {" \" a \" ", " a "},
+        {"\"\"a\"\"", "\"a\""},
+        {"\"\"", ""},
+        {"\"", "\""},
+        {"\"a'", "\"a'"},
+        {"say \"a\"", "say \"a\""},
+        {"a ; b", "a ; b"},
+    };
+    for (const auto& [written, value] : cases) {
+        const std::string text = "[s]\r\nk = " + std::string(written);
+        expectRead({text, "s", "k", value});
+        const std::string continued = text + "\r\nk=later\r\n";
+        expectRead({continued, "s", "k", value});
+    }
+}
+
+TEST(IniText, AValueIsCutAt254Bytes)
+{
+    for (const std::size_t length : {253u, 254u, 255u, 300u}) {
+        const std::string value(length, 'v');
+        const std::string cut(std::min<std::size_t>(length, 254), 'v');
+        const std::string plain = "[s]\nk=" + value;
+        const std::string quoted = "[s]\nk=\"" + value + "\"";
+        expectRead({plain, "s", "k", cut});
+        expectRead({quoted, "s", "k", cut});
+    }
+}
+
+TEST(IniText, HandMadeFilesAreReadPastTheirOddLines)
+{
+    constexpr std::string_view text =
+        "\xEF\xBB\xBF; [Jeu]\n\n [ Jeu ] ; the [game]\nno equals sign\n;nom=not this\n"
+        "=nothing\n nom =demo\n[Open\nnom=x";
+    expectRead({text, "Jeu", "nom", "demo"});
+    expectRead({text, "Jeu", ";nom", "not this"});
+    expectRead({text, "Jeu", "", "nothing"});
+    expectRead({text, "Open", "nom", "x"});
+    expectRead({"\xEF\xBB\xBF[Jeu]\nnom=demo", "Jeu", "nom", "demo"});
+    expectRead({"[a=b]\r\nk=v\r\n", "a=b", "k", "v"});
+}
+
+TEST(IniText, AKeyIsReplacedInPlace)
+{
+    std::string expected(newDescriptor);
+    expected.replace(expected.find("cartes=1"), 8, "cartes=2");
+    expectWrites({
+        {newDescriptor, "Jeu", "cartes", "2", expected},
+        {newDescriptor, "jeu", "auteur", "Kestrel", newDescriptor},
+        {"[a]\r\nK = 1\r\nk=2\r\n[A]\r\nk=3\r\n", "A", "k", "9", "[a]\r\nk=9\r\nk=2\r\n[A]\r\nk=3\r\n"},
+        {"[a]\r\nk", "a", "k", "1", "[a]\r\nk\r\nk=1\r\n"},
+    });
+}
+
+TEST(IniText, ANewKeyFollowsTheLastLineOfItsSectionThatIsNotBlank)
+{
+    expectWrites({
+        {"[a]\r\nx=1\r\n[b]\r\ny=2\r\n", "A", "k", "v", "[a]\r\nx=1\r\nk=v\r\n[b]\r\ny=2\r\n"},
+        {"[a]\r\nx=1\r\n\r\n \t\r\n[b]\r\n", "a", "k", "v", "[a]\r\nx=1\r\nk=v\r\n\r\n \t\r\n[b]\r\n"},
+        {"[a]\r\n\r\n; end\r\n\r\n", "a", "k", "v", "[a]\r\n\r\n; end\r\nk=v\r\n\r\n"},
+        {"[a]\r\n[b]\r\n", "a", "k", "v", "[a]\r\nk=v\r\n[b]\r\n"},
+        {"[a]\r\nx=1", "a", "k", "v", "[a]\r\nx=1\r\nk=v\r\n"},
+        {"[a]\r\n[a]\r\nk=1\r\n", "a", "k", "v", "[a]\r\nk=v\r\n[a]\r\nk=1\r\n"},
+        {"\xEF\xBB\xBF[a]", "a", "k", "v", "\xEF\xBB\xBF[a]\r\nk=v\r\n"},
+    });
+}
+
+TEST(IniText, ANewSectionStandsAtTheEnd)
+{
+    const std::string expected = std::string(newDescriptor) + "[Variable1]\r\nvaleur=0\r\n";
+    expectWrites({
+        {newDescriptor, "Variable1", "valeur", "0", expected},
+        {"", "a", "k", "", "[a]\r\nk=\r\n"},
+        {"k=1\n\n", "a", "k", "v", "k=1\r\n\r\n[a]\r\nk=v\r\n"},
+        {"\xEF\xBB\xBF", "a", "k", "v", "\xEF\xBB\xBF\r\n[a]\r\nk=v\r\n"},
+    });
+}
+
+TEST(IniText, OtherLinesStayAndEndInCrLf)
+{
+    expectWrites({
+        {"; c\n\n[a]\nno equals\nk=1\n =2\r\n[a]\nk=3", "a", "k", "v",
+         "; c\r\n\r\n[a]\r\nno equals\r\nk=v\r\n =2\r\n[a]\r\nk=3\r\n"},
+        {std::string_view("\0\x01\n[a]\r\r\n\x80\xFF", 11), "b", "k", "v",
+         std::string_view("\0\x01\r\n[a]\r\r\n\x80\xFF\r\n[b]\r\nk=v\r\n", 24)},
+    });
+}
+
+TEST(IniText, LineBreaksWithinNamesAndValuesBecomeBlanks)
+{
+    expectWrites({
+        {"", "a\nb", "c\rd", "e\r\nf\ng", "[a b]\r\nc d=e f g\r\n"},
+        {"[a]\r\n", "a", "k", "1\r\n[b]\r\nk=2", "[a]\r\nk=1 [b] k=2\r\n"},
+    });
+}
+
+TEST(IniText, Utf16IsNotTouched)
+{
+    EXPECT_EQ(WithIniValue("\xFF\xFE[", "a", "k", "v"), std::nullopt);
+    EXPECT_EQ(WithIniValue("\xFE\xFF", "a", "k", "v"), std::nullopt);
+    EXPECT_NE(WithIniValue("\xFF", "a", "k", "v"), std::nullopt);
+}
+
+TEST(IniText, EveryTruncationIsReadAndMended)
+{
+    const std::string cleared = "Kestrel";
+    for (std::size_t length = 0; length <= newDescriptor.size(); ++length) {
+        const std::string_view text = newDescriptor.substr(0, length);
+        const std::string author = IniValue(text, "Jeu", "auteur");
+        EXPECT_TRUE(cleared.starts_with(author)) << text;
+        expectRead({text, "Jeu", "auteur", author});
+        const std::string mended = WithIniValue(text, "Variables", "nombre", "12").value();
+        expectRead({mended, "Variables", "nombre", "12"});
+        expectRead({mended, "Jeu", "auteur", author});
+    }
+}
+
+// A fixed run of pseudo-random texts made of what the format is made of.
+TEST(IniText, WhatIsWrittenIntoAnyTextIsReadBackAndCostsNoOtherValue)
+{
+    constexpr std::string_view pieces[] = {
+        "[s]",  "[S",  "[t]", "k=", "K =", "j=1", "\n", "\r\n",
+        "\r\n", "\n ", "\r",  "\"", "'",   ";",   "=",  std::string_view("\0", 1)};
+    std::uint32_t state = 1;
+    for (int round = 0; round < 4000; ++round) {
+        std::string text;
+        for (int i = 0; i < round % 24; ++i) {
+            state = state * 1664525u + 1013904223u;
+            text += pieces[state >> 28];
+        }
+        const std::string changed = WithIniValue(text, "s", "k", "new").value();
+        expectRead({changed, "s", "k", "new"});
+        for (const auto& [section, key] : {std::pair("s", "j"), std::pair("t", "k"), std::pair("t", "j")}) {
+            const std::string before = IniValue(text, section, key);
+            expectRead({changed, section, key, before});
+        }
+        EXPECT_EQ(WithIniValue(changed, "s", "k", "new"), changed);
+        if (HasFailure()) {
+            return;
+        }
+    }
+}

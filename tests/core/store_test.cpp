@@ -1,0 +1,108 @@
+#include "appdir.h"
+
+#include "events/eventstore.h"
+#include "maps/maplist.h"
+#include "store/codepage.h"
+#include "variables/variables.h"
+
+#include "build/scripts.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+class Store : public testing::Test
+{
+protected:
+    TemporaryAppDir app;
+};
+
+} // namespace
+
+TEST_F(Store, MapNumbersHaveTwoDigitsBelowTen)
+{
+    EXPECT_EQ(MapNumberText(1), "01");
+    EXPECT_EQ(MapNumberText(9), "09");
+    EXPECT_EQ(MapNumberText(10), "10");
+    EXPECT_EQ(MapNumberText(100), "100");
+}
+
+TEST_F(Store, AProjectLiesBelowTheFolderOfProjects)
+{
+    SetCurrentProject("demo");
+    EXPECT_EQ(ProjectDir(), app.at("projets/demo"));
+    EXPECT_EQ(Descriptor(), app.at("projets/demo/projet.ini"));
+    EXPECT_EQ(ProjectFile("ev/map01"), app.at("projets/demo/ev/map01"));
+}
+
+TEST_F(Store, NamesOnDiskAreTheCharactersOfTheBytes)
+{
+    EXPECT_EQ(ProjectFolder("Épée à 5 €"_ansi), app.at("projets/Épée à 5 €"));
+    EXPECT_EQ(DiskName("\xE9\x81").string(), "\xC3\xA9\xC2\x81");
+}
+
+TEST_F(Store, OnlyAPlainComponentNamesAFolder)
+{
+    for (const std::string_view name : {"a", " ", "a b", "...", "..a", ".hidden", "a\\b", "C:", "*?"}) {
+        EXPECT_EQ(ProjectFolder(name).parent_path(), app.at("projets")) << name;
+    }
+    for (const std::string_view name :
+         {std::string_view(""), std::string_view("."), std::string_view(".."), std::string_view("/"),
+          std::string_view("/a"), std::string_view("a/"), std::string_view("a/b"), std::string_view("../a"),
+          std::string_view("a\0b", 3), std::string_view("\0", 1)}) {
+        EXPECT_EQ(ProjectFolder(name), Path()) << name;
+    }
+}
+
+TEST_F(Store, AProjectWithoutAFolderReadsEmptyAndIsNotWritten)
+{
+    // What a mistaken path would find: the same files where an empty folder or the folder of projects leads.
+    app.makeProject();
+    for (const std::string place : {"", "projets/", "projets/demo/"}) {
+        app.write(place + "projet.ini", "[Jeu]\r\ncartes=3\r\n[Variables]\r\nnombre=1\r\n");
+        app.write(place + "ev/map01/ev11", "\r\nx\r\n");
+    }
+    const Path home = std::filesystem::current_path();
+    std::filesystem::current_path(app.path());
+    for (const std::string name : {"", ".", "..", "demo/", "../projets/demo"}) {
+        SetCurrentProject(name);
+        const Snapshot before = app.snapshot();
+        EXPECT_EQ(MapCount(), std::nullopt) << name;
+        EXPECT_EQ(VariableCountText(), "") << name;
+        EXPECT_TRUE(loadevent(eventpath("01", 1, 1)).empty()) << name;
+        EXPECT_EQ(EventScript(1).find('x'), std::string::npos) << name;
+        WriteIni("Jeu", "nom", "new", Descriptor());
+        WriteWholeFile("new", MapFile("01"));
+        WriteWholeFile("new", BlockFile("01"));
+        CopyWholeFile(app.at("data/ftgi.dat"), MapSheet("01"));
+        saveevent(eventpath("01", 1, 1), {"new"});
+        ClearEvents("01");
+        SetStartValue(1, "new");
+        WriteEventScript(1);
+        WriteVariablesScript();
+        EXPECT_FALSE(NewMap().failure.empty()) << name;
+        EXPECT_EQ(Changes(before, app.snapshot()), "") << name;
+    }
+    std::filesystem::current_path(home);
+}
+
+TEST_F(Store, IniFilesAreMadeAndChangedOneKeyAtATime)
+{
+    const Path file = app.at("x.ini");
+    WriteIni("Carte01", "nom", "Carte 1", file);
+    WriteIni("Jeu", "auteur", "Zoé"_ansi, file);
+    WriteIni("carte01", "texture", "01", file);
+    WriteIni("carte01", "NOM", "Autre", file);
+    EXPECT_EQ(app.read("x.ini"), "[Carte01]\r\nNOM=Autre\r\ntexture=01\r\n[Jeu]\r\nauteur=Zo\xE9\r\n");
+    EXPECT_EQ(ReadIni("Carte01", "nom", file), "Autre");
+    EXPECT_EQ(ReadIni("Jeu", "Auteur", file), "Zo\xE9");
+}
+
+TEST_F(Store, AnIniFileInUtf16IsLeftAlone)
+{
+    const std::string bytes("\xFF\xFE[\0a\0]\0", 8);
+    app.write("x.ini", bytes);
+    WriteIni("a", "k", "v", app.at("x.ini"));
+    EXPECT_EQ(app.read("x.ini"), bytes);
+}
