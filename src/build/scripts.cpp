@@ -5,7 +5,7 @@
 #include "store/store.h"
 #include "variables/variables.h"
 
-#include <set>
+#include <unordered_set>
 #include <vector>
 
 namespace
@@ -18,28 +18,31 @@ constexpr std::size_t branchBytes = 60; // an empty branch, for room ahead
 class MapEvents
 {
 public:
-    explicit MapEvents(const Path& folder)
-        : folder_(folder)
+    explicit MapEvents(const Path& path)
+        : folder_(path)
     {
         std::vector<std::string> names;
-        listed_ = !platform::listFolder(folder, names);
+        listed_ = !folder_.list(names);
         names_.insert(names.begin(), names.end());
     }
 
-    std::string text(int row, int column) const
+    /// A cell's event, until the next one is asked for.
+    const std::string& text(int row, int column)
     {
-        if (folder_.empty()) {
-            return {};
-        }
         const std::string name = EventFileName(row, column);
+        text_.clear();
         // A folder may be readable by name and yet not tell its names.
-        return listed_ && !names_.contains(name) ? std::string() : ReadWholeFile(folder_ / name);
+        if (!listed_ || names_.contains(name)) {
+            folder_.readFile(name, text_);
+        }
+        return text_;
     }
 
 private:
-    Path folder_;
+    platform::Folder folder_;
     bool listed_ = false;
-    std::set<std::string> names_;
+    std::unordered_set<std::string> names_;
+    std::string text_;
 };
 
 void appendCell(std::string& script, int row, int column, const std::string& event)
@@ -51,7 +54,7 @@ void appendCell(std::string& script, int row, int column, const std::string& eve
 
 void appendMap(std::string& script, const std::string& mapNumber)
 {
-    const MapEvents events(EventFolder(mapNumber));
+    MapEvents events(EventFolder(mapNumber));
     script.append("if map == \"").append(mapNumber).append("\" then\r\n");
     for (int row = 1; row <= MapModel::storedRows; ++row) {
         for (int column = 1; column <= MapModel::columns; ++column) {

@@ -30,6 +30,13 @@ QStringList volumes()
     return roots;
 }
 
+/// A volume's current folder: the program's own on the volume where that lies, the root of any other.
+QString currentFolderOn(const QString& volume)
+{
+    const QString current = QDir::currentPath();
+    return QStorageInfo(current).rootPath() == volume ? current : volume;
+}
+
 } // namespace
 
 sendtopsp::sendtopsp(Workspace& workspace)
@@ -66,6 +73,7 @@ QWidget* sendtopsp::folderChooser()
     Drive1 = named<QComboBox>("Drive1"_L1, Frame1);
     Drive1->setAccessibleName(u"Drive"_s);
     Drive1->addItems(volumes());
+    Drive1->setCurrentText(QStorageInfo(QDir::currentPath()).rootPath());
     Dir1 = named<DirectoryList>("Dir1"_L1, Frame1);
     Dir1->setMinimumSize(listSize);
     Dir1->setAccessibleName(u"Folder"_s);
@@ -80,7 +88,7 @@ QWidget* sendtopsp::folderChooser()
 void sendtopsp::Drive1_Change()
 {
     const QString drive = Drive1->currentText();
-    if (!Dir1->setPath(drive)) {
+    if (!Dir1->setPath(currentFolderOn(drive))) {
         messageBox(this, drive + u" is not ready."_s);
     }
 }

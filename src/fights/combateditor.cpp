@@ -132,8 +132,5 @@ QWidget* combateditor::attackFrame(int attack, QWidget* parent)
 void combateditor::HScroll1_Change()
 {
     HScroll1->setBound(FightCount().value_or(0));
-    Text1->setText(shown(FightName(HScroll1->value())));
-    if (FightCount().value_or(0) == 0) {
-        Text1->setText(u"Nouveau combat"_s);
-    }
+    Text1->setText(shown(FightTitle(HScroll1->value())));
 }

@@ -8,7 +8,10 @@ std::optional<int> FightCount()
     return CountFrom(ReadIni("Jeu", "Combats", Descriptor()));
 }
 
-std::string FightName(int number)
+std::string FightTitle(int number)
 {
+    if (FightCount().value_or(0) == 0) {
+        return "Nouveau combat";
+    }
     return ReadIni("Combat" + std::to_string(number), "nom", Descriptor());
 }

@@ -7,5 +7,6 @@
 /// The number of fights; nothing when the descriptor does not hold a count.
 std::optional<int> FightCount();
 
-/// The name of a fight, empty when it has none.
-std::string FightName(int number);
+/// What the fight editor shows for a fight: its name, empty when it has none; words for a new one while the
+/// project holds no fight.
+std::string FightTitle(int number);

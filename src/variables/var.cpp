@@ -1,6 +1,5 @@
 #include "variables/var.h"
 
-#include "store/codepage.h"
 #include "store/numbers.h"
 #include "toolkit/boxes.h"
 #include "toolkit/linelist.h"
@@ -64,33 +63,30 @@ bool var::refresh()
     }
     const auto number = CountFrom(count);
     if (!number) {
-        reportBadCount();
+        report(BadVariableCount());
         return false;
     }
     for (const std::string& value : StartValues(*number)) {
-        List1->appendLine(
-            std::to_string(List1->count() + 1).append(" | Valeur de départ : "_ansi).append(value));
+        List1->appendLine(VariableLine(List1->count() + 1, value));
     }
     return true;
 }
 
-void var::reportBadCount()
+void var::report(const std::string& failure)
 {
-    messageBox(this,
-               u"Erreur : "_s + u"the number of variables in projet.ini is not a number from 0 to 32767"_s);
+    messageBox(this, u"Erreur : "_s + shown(failure));
 }
 
 void var::Command1_Click()
 {
-    const auto count = CountFrom(typed(Label2->text()));
-    if (!count || !CountFrom(std::to_string(*count + 1))) {
-        reportBadCount();
+    const NextVariable next = VariableAfter(typed(Label2->text()));
+    if (next.number == 0) {
+        report(next.failure);
         return;
     }
-    const int number = *count + 1;
-    BeginVariable(number);
-    FinishVariable(number, askStartValue(this));
-    Label2->setText(QString::number(number));
+    BeginVariable(next.number);
+    FinishVariable(next.number, askStartValue(this));
+    Label2->setText(QString::number(next.number));
     refresh();
 }
 

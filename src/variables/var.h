@@ -17,7 +17,7 @@ public:
 
 private:
     bool refresh();
-    void reportBadCount();
+    void report(const std::string& failure);
     void Command1_Click();
     void List1_Click(int row);
 

@@ -1,5 +1,6 @@
 #include "variables/variables.h"
 
+#include "store/codepage.h"
 #include "store/ini.h"
 #include "store/numbers.h"
 #include "store/store.h"
@@ -42,6 +43,33 @@ std::vector<std::string> StartValues()
 {
     const IniSections sections(ReadWholeFile(Descriptor()));
     return valuesIn(sections, CountFrom(sections.value("Variables", "nombre")).value_or(0));
+}
+
+std::string VariableLine(int number, std::string_view startValue)
+{
+    return std::to_string(number).append(" | Valeur de départ : "_ansi).append(startValue);
+}
+
+std::string ConditionEntry(int number, std::string_view startValue)
+{
+    return "Variable " + std::to_string(number) + " de valeur initale : " + std::string(startValue);
+}
+
+NextVariable VariableAfter(std::string_view count)
+{
+    const auto number = CountFrom(count);
+    if (!number) {
+        return {0, BadVariableCount()};
+    }
+    if (!CountFrom(std::to_string(*number + 1))) {
+        return {0, "the project holds as many variables as it can"};
+    }
+    return {*number + 1, {}};
+}
+
+std::string BadVariableCount()
+{
+    return "the number of variables in projet.ini is not a number from 0 to 32767";
 }
 
 void BeginVariable(int number)

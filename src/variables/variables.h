@@ -1,7 +1,6 @@
 /// The numbered variables of the current project, held in its descriptor.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +16,24 @@ std::vector<std::string> StartValues(int count);
 
 /// The start values of all variables; none when the count is missing or not a number.
 std::vector<std::string> StartValues();
+
+/// A variable's line in the variables view.
+std::string VariableLine(int number, std::string_view startValue);
+
+/// A variable's entry in the list of the event panel's conditions.
+std::string ConditionEntry(int number, std::string_view startValue);
+
+/// What adding a variable to a number of them leads to.
+struct NextVariable {
+    int number = 0;      ///< its number; 0 when none can be added
+    std::string failure; ///< why none can be added, for the author to read
+};
+
+/// The variable that follows a count as it is shown.
+NextVariable VariableAfter(std::string_view count);
+
+/// The words for a count that is not a number.
+std::string BadVariableCount();
 
 /// First half of adding variable `number`: its section, before its value is asked for.
 void BeginVariable(int number);
