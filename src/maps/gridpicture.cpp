@@ -7,48 +7,15 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
 
-constexpr int cellWidth = 420;  // twips: 28 pixels, the width of a tile picture
-constexpr int cellHeight = 435; // twips: 29 pixels
 constexpr QSize pictureSize(px(7215), px(3735));
 constexpr int markInset = 75;      // twips
 constexpr int markFontPixels = 19; // 14 points at 96 to the inch
-
-/// The tile pictures of one drawing, each looked up once.
-class Tiles
-{
-public:
-    explicit Tiles(const std::string& tileset)
-        : tileset_(tileset)
-    {
-    }
-
-    /// Null when the code is no number or its picture cannot be drawn.
-    const QImage* picture(const std::optional<std::string>& code)
-    {
-        const std::optional<int> number = code ? CountFrom(*code) : 0;
-        if (!number) {
-            return nullptr;
-        }
-        for (const auto& [known, picture] : pictures_) {
-            if (known == *number) {
-                return picture;
-            }
-        }
-        const QImage& found = tilePicture(TilePicture(tileset_, *number + 1));
-        return pictures_.emplace_back(*number, found.isNull() ? nullptr : &found).second;
-    }
-
-private:
-    const std::string& tileset_;
-    std::vector<std::pair<int, const QImage*>> pictures_;
-};
 
 void drawMark(QPainter& painter, const QRect& cell, GridPicture::MarkPlace place)
 {
@@ -72,7 +39,13 @@ void GridPicture::draw(const MapModel& map, const std::string& tileset, MarkPlac
     if (drawn_ && drawn_->map == map && drawn_->tileset == tileset && drawn_->marks == marks) {
         return;
     }
-    drawn_ = Drawing{map, tileset, marks};
+    Drawing& next = drawn_ ? *drawn_ : drawn_.emplace(); // copied into what is there, which costs no memory
+    if (next.tileset != tileset) {
+        tiles_.clear();
+    }
+    next.map = map;
+    next.tileset = tileset;
+    next.marks = marks;
     paintCells();
     update();
 }
@@ -80,7 +53,6 @@ void GridPicture::draw(const MapModel& map, const std::string& tileset, MarkPlac
 void GridPicture::paintCells()
 {
     const MapModel& map = drawn_->map;
-    Tiles tiles(drawn_->tileset);
     QPainter painter(&canvas_);
     QFont font = painter.font();
     font.setPixelSize(markFontPixels);
@@ -89,18 +61,30 @@ void GridPicture::paintCells()
     for (int row = 1; row <= MapModel::rows; ++row) {
         for (int column = 1; column <= MapModel::columns; ++column) {
             const int slot = slotOf(row, column);
-            const QImage* tile = tiles.picture(map.tiles[static_cast<std::size_t>(slot)]);
-            if (tile == nullptr) {
+            const QImage* picture = tile(map.tiles[static_cast<std::size_t>(slot)]);
+            if (picture == nullptr) {
                 continue;
             }
-            const QRect cell =
-                pxRect((column - 1) * cellWidth, (row - 1) * cellHeight, cellWidth, cellHeight);
-            painter.drawImage(cell.topLeft(), *tile);
+            const QRect cell = pxRect((column - 1) * MapModel::cellWidth, (row - 1) * MapModel::cellHeight,
+                                      MapModel::cellWidth, MapModel::cellHeight);
+            painter.drawImage(cell.topLeft(), *picture);
             if (map.isBlocked(slot)) {
                 drawMark(painter, cell, drawn_->marks);
             }
         }
     }
+}
+
+const QImage* GridPicture::tile(const std::optional<std::string>& code)
+{
+    for (const auto& [known, picture] : tiles_) {
+        if (known == code) {
+            return picture;
+        }
+    }
+    const std::optional<int> number = code ? CountFrom(*code) : 0;
+    const QImage* found = number ? &tilePicture(TilePicture(drawn_->tileset, *number + 1)) : nullptr;
+    return tiles_.emplace_back(code, found != nullptr && found->isNull() ? nullptr : found).second;
 }
 
 void GridPicture::paintEvent(QPaintEvent*)
@@ -117,12 +101,4 @@ void GridPicture::mousePressEvent(QMouseEvent* event)
 void GridPicture::mouseDoubleClickEvent(QMouseEvent* event)
 {
     mousePressEvent(event); // the second press of a quick pair is a press like any other
-}
-
-Cell cellAt(int x, int y)
-{
-    const Cell cell{y / cellHeight + 1, x / cellWidth + 1};
-    const bool inside =
-        x >= 0 && y >= 0 && cell.row <= MapModel::storedRows && cell.column <= MapModel::columns;
-    return inside ? cell : Cell{};
 }

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QWidget>
 #include <string>
+#include <utility>
+#include <vector>
 
 class GridPicture : public QWidget
 {
@@ -43,16 +45,11 @@ private:
     };
 
     void paintCells();
+    /// Null when the code is no number or its picture cannot be drawn.
+    const QImage* tile(const std::optional<std::string>& code);
 
     QImage canvas_;
     std::optional<Drawing> drawn_;
+    /// The tile pictures drawn so far, by code, each looked up once as long as the tileset stays.
+    std::vector<std::pair<std::optional<std::string>, const QImage*>> tiles_;
 };
-
-/// A cell of the grid, counted from 1.
-struct Cell {
-    int row = 0;
-    int column = 0;
-};
-
-/// The cell at a place of the picture, in twips; row 0 when there is none.
-Cell cellAt(int x, int y);

@@ -66,7 +66,14 @@ void mapeditor::loadmap()
 {
     Frame3->hide();
     Frame1->hide();
-    project_ = CurrentProject();
+    if (CurrentProject().empty()) {
+        messageBox(this, u"Erreur : carte invalide"_s, BoxIcon::Stop);
+        return; // the view stays its project's, for the time when that is opened again
+    }
+    if (project_ != CurrentProject()) {
+        map_ = {}; // a map of another project is never saved as one of this
+        project_ = CurrentProject();
+    }
     const std::string number = mapField();
     const std::string tileset = tilesetKey();
     const std::string mapText = ReadWholeFile(MapFile(number));
@@ -75,7 +82,8 @@ void mapeditor::loadmap()
     Label4->setText(shown(HeroStartColumn(mapText)));
     Label5->setText(shown(HeroStartRow(mapText)));
     currentMap_ = number;
-    if (mapText.empty()) {
+    mapFound_ = !mapText.empty();
+    if (!mapFound_) {
         messageBox(this, u"Erreur : carte invalide"_s, BoxIcon::Stop);
         return;
     }
@@ -89,12 +97,13 @@ void mapeditor::savemap()
     Frame3->hide();
     const auto startColumn = CountFrom(typed(Label4->text()));
     const auto startRow = CountFrom(typed(Label5->text()));
-    if (!ownsProject() || currentMap_.empty() || !startColumn || !startRow) {
+    const bool invalid = !mapFound_ && (!startColumn || !startRow);
+    if (!ownsProject() || currentMap_.empty() || invalid) {
         return;
     }
     WriteIni("Carte" + currentMap_, "nom", typed(Text1->text()), Descriptor());
     WriteWholeFile(BlockFileText(map_), BlockFile(currentMap_));
-    WriteWholeFile(MapFileText(map_, *startColumn, *startRow), MapFile(currentMap_));
+    WriteWholeFile(MapFileText(map_, startColumn.value_or(1), startRow.value_or(1)), MapFile(currentMap_));
 }
 
 void mapeditor::drawmap()

@@ -26,10 +26,12 @@ public:
     void setMapField(const std::string& mapNumber);
 
     /// Loads and draws the map that the map field names; the view then belongs to the current project. A
-    /// missing or empty map file is reported, and the grid keeps what it holds.
+    /// missing or empty map file is reported, and the grid keeps what it holds. While no project is open
+    /// nothing is loaded.
     void loadmap();
     /// Writes the held map's files and its name. Nothing is written while its project is not current, nor
-    /// while the hero's start is no number (after a failed load).
+    /// after a failed load while the hero's start is no number. In a map that was found such a start is saved
+    /// as 1.
     void savemap();
     /// Draws rows 1 to 8 from the model, in the tileset that the descriptor names at this moment.
     void drawmap();
@@ -87,6 +89,7 @@ private:
 
     MapModel map_;
     std::string currentMap_;     ///< MapNumberText of the map held; empty before the first load
+    bool mapFound_ = false;      ///< whether the last load found a map file
     std::string project_;        ///< the project that the map held was loaded from
     std::string chooserTileset_; ///< the tileset that the tile chooser shows
 

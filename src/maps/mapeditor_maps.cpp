@@ -58,7 +58,9 @@ void mapeditor::Command11_Click()
 {
     Frame4->setVisible(Frame4->isHidden());
     HScroll2->setBound(TilesetCount());
-    HScroll2_Change(); // the frame opens with the chosen tileset in sight
+    if (!Frame4->isHidden()) {
+        HScroll2_Change(); // the frame opens with the chosen tileset in sight
+    }
 }
 
 void mapeditor::HScroll2_Change()

@@ -25,15 +25,47 @@ std::error_code folderThere(const Path& path)
                : failure;
 }
 
-void copyTemplate(std::string_view name, const Path& target)
+bool isThere(const Path& path)
 {
     std::error_code ignored;
-    if (!std::filesystem::exists(target, ignored)) {
-        WriteWholeFile(ReadWholeFile(AppDir() / "data" / DiskName(name)), target);
+    return std::filesystem::exists(path, ignored);
+}
+
+void copyTemplate(std::string_view name, const Path& target)
+{
+    WriteWholeFile(ReadWholeFile(AppDir() / "data" / DiskName(name)), target);
+}
+
+void setKey(const std::string& mapNumber, std::string_view key, std::string_view value, bool keep)
+{
+    const std::string section = "Carte" + mapNumber;
+    if (!keep || ReadIni(section, key, Descriptor()).empty()) {
+        WriteIni(section, key, value, Descriptor());
     }
 }
 
-/// Folders and tileset picture of a new map. Failure: the reason, for the author to read.
+/// Fills a new map: the first tileset, the template map, its keys. Failure: the reason, for the author to
+/// read.
+std::string fillMap(const std::string& mapNumber)
+{
+    const bool keep = isThere(MapFile(mapNumber));
+    if (!keep || !isThere(MapSheet(mapNumber))) {
+        if (std::string failure = CopyTilesetSheet("01", mapNumber); !failure.empty()) {
+            return failure;
+        }
+    }
+    if (!keep || !isThere(BlockFile(mapNumber))) {
+        copyTemplate("ftgmev.dat", BlockFile(mapNumber));
+    }
+    if (!keep) {
+        copyTemplate("ftgmma.dat", MapFile(mapNumber));
+    }
+    setKey(mapNumber, "texture", "01", keep);
+    setKey(mapNumber, "nom", "Carte 1", keep);
+    return {};
+}
+
+/// The folders of a new map. Failure: the reason, for the author to read.
 std::string makeFolders(const std::string& mapNumber)
 {
     for (const Path& folder : {ProjectFile("images/map" + mapNumber), ProjectFile("ev/map" + mapNumber)}) {
@@ -41,7 +73,7 @@ std::string makeFolders(const std::string& mapNumber)
             return reason(failure, folder);
         }
     }
-    return CopyTilesetSheet("01", mapNumber);
+    return {};
 }
 
 } // namespace
@@ -97,6 +129,9 @@ std::string CopyTilesetSheet(std::string_view tileset, std::string_view mapNumbe
 
 NewMapResult NewMap()
 {
+    if (ProjectDir().empty()) {
+        return {{}, "No project with a folder is open."};
+    }
     const std::optional<int> count = MapCount();
     if (!count) {
         return {{}, "The number of maps in projet.ini is missing or not a number from 0 to 32767."};
@@ -108,10 +143,12 @@ NewMapResult NewMap()
     if (std::string failure = makeFolders(number); !failure.empty()) {
         return {{}, std::move(failure)};
     }
-    copyTemplate("ftgmev.dat", BlockFile(number));
-    copyTemplate("ftgmma.dat", MapFile(number));
-    WriteIni("Carte" + number, "texture", "01", Descriptor());
-    WriteIni("Carte" + number, "nom", "Carte 1", Descriptor());
+    if (std::string failure = fillMap(number); !failure.empty()) {
+        return {{}, std::move(failure)};
+    }
     WriteIni("Jeu", "cartes", number, Descriptor());
+    if (MapCount() != *count + 1) {
+        return {{}, "projet.ini cannot be written."};
+    }
     return {number, {}};
 }

@@ -33,6 +33,7 @@ struct NewMapResult {
 };
 
 /// Adds map count + 1 to the current project: folders, tileset picture, block file, map file and keys, the
-/// count last. Files of that map which lie there already (a count lowered by hand) are kept, for they may be
-/// somebody's work. Failure: told in the result; the count is then as it was.
+/// count last. A map file of that number which lies there already (the count was lowered by hand, or could
+/// not be written) is kept with all that belongs to it, for it may be somebody's work; only what is missing
+/// is added. Failure: told in the result; the count is then as it was.
 NewMapResult NewMap();

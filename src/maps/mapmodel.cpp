@@ -39,6 +39,14 @@ std::string twoDigits(int number)
 
 } // namespace
 
+Cell cellAt(int x, int y)
+{
+    const Cell cell{y / MapModel::cellHeight + 1, x / MapModel::cellWidth + 1};
+    const bool inside =
+        x >= 0 && y >= 0 && cell.row <= MapModel::storedRows && cell.column <= MapModel::columns;
+    return inside ? cell : Cell{};
+}
+
 bool MapModel::isBlocked(int slot) const
 {
     return blocks[static_cast<std::size_t>(slot)] == "1";

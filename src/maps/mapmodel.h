@@ -12,6 +12,9 @@ struct MapModel {
     static constexpr int rows = 8;
     static constexpr int storedRows = 9;
     static constexpr int slots = 201;
+    /// Size of a cell on the map's picture, in twips: 28 × 29 pixels, the size of a tile picture.
+    static constexpr int cellWidth = 420;
+    static constexpr int cellHeight = 435;
 
     /// One text per slot; nothing for a slot that was never set.
     using Slots = std::array<std::optional<std::string>, slots>;
@@ -30,6 +33,15 @@ struct MapModel {
     /// for, a position past the end gives an empty text. The other slots keep what they hold.
     void read(std::string_view mapText, std::string_view blockText);
 };
+
+/// A cell of the grid, counted from 1.
+struct Cell {
+    int row = 0;
+    int column = 0;
+};
+
+/// The cell at a place of the map's picture, in twips; row 0 when there is none.
+Cell cellAt(int x, int y);
 
 /// The slot of a cell.
 constexpr int slotOf(int row, int column)

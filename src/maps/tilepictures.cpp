@@ -1,7 +1,8 @@
 #include "maps/tilepictures.h"
 
+#include "toolkit/paths.h"
+
 #include <map>
-#include <QFile>
 #include <QImageReader>
 
 namespace
@@ -10,7 +11,7 @@ namespace
 QImage loaded(const Path& path)
 {
     constexpr int largest = 1024;
-    QImageReader reader(QString::fromStdU16String(path.u16string()));
+    QImageReader reader(qtPath(path));
     const QSize size = reader.size();
     if (path.empty() || size.width() > largest || size.height() > largest) {
         return {};

@@ -5,6 +5,6 @@
 
 #include <QImage>
 
-/// The picture of a file; null when it is missing, no picture, or larger than a map's whole picture could
-/// ever show. The reference stays valid.
+/// The picture of a file; null when it is missing, no picture, or wider or higher
+/// than 1024 pixels. The reference stays valid.
 const QImage& tilePicture(const Path& path);
