@@ -15,6 +15,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
@@ -205,7 +206,9 @@ void Mainform::closeEvent(QCloseEvent* event)
 
 bool Mainform::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == area_->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    // A view passes on the presses that it has no use for; those are none of the background's.
+    if (watched == area_->viewport() && event->type() == QEvent::MouseButtonRelease &&
+        area_->viewport()->childAt(static_cast<QMouseEvent*>(event)->pos()) == nullptr) {
         MDIForm_Click();
     }
     return QMainWindow::eventFilter(watched, event);

@@ -36,6 +36,10 @@ void EventPanel::openCell(int row, int column)
 
 void EventPanel::Command2_Click()
 {
+    if (!host_.ownsProject()) {
+        messageBox(this, u"Nothing was saved: the project of this map is not open."_s);
+        return; // the lines stay, for the time when it is opened again
+    }
     saveevent(openFile(), listev->lines());
     host_.enablePicture(true);
     host_.showPanel(false);

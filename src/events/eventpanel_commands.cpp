@@ -54,6 +54,8 @@ void EventPanel::placeHero(int row, int column)
     for (const std::string& line : HeroMoveLines(column, row)) {
         append(line);
     }
+    // After "Save" the panel is out of sight, and only its buttons make the picture usable again.
+    host_.showPanel(true);
     host_.enablePicture(false);
     host_.setModeMark({});
 }

@@ -20,8 +20,7 @@ void EventPanel::Command13_Click()
     }
     QStringList entries;
     for (const std::string& value : StartValues()) {
-        const auto number = QString::number(entries.size() + 1);
-        entries += u"Variable "_s + number + u" de valeur initale : "_s + shown(value);
+        entries += shown(ConditionEntry(static_cast<int>(entries.size()) + 1, value));
     }
     Combo1->clear();
     Combo1->addItems(entries);

@@ -6,7 +6,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QMdiSubWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +16,6 @@ Controlpanel::Controlpanel(Workspace& workspace)
     auto* grid = new QGridLayout(surface());
     grid->setContentsMargins(0, 0, 0, 8);
     grid->setVerticalSpacing(4);
-    grid->setColumnMinimumWidth(0, 32);
     grid->setColumnStretch(2, 1);
     surface()->setFixedWidth(panelWidth);
 
@@ -65,23 +63,33 @@ void Controlpanel::buildMenu(QGridLayout* grid)
                                  u"Finalize and publish"_s};
     const std::array icons = {u"fight"_s, u"variables"_s, u"setup"_s, u"test"_s, u"publish"_s};
 
-    auto* heading = textLabel({}, u"Menu"_s, surface());
+    // On a widget of their own: a value that changes while an entry is pressed must not lay the entry out
+    // anew.
+    auto* menu = named<QWidget>("Entries"_L1, surface());
+    grid->addWidget(menu, grid->rowCount(), 0, 1, 3);
+    auto* entries = new QGridLayout(menu);
+    entries->setContentsMargins(0, 0, 0, 0);
+    entries->setVerticalSpacing(grid->verticalSpacing());
+    entries->setColumnMinimumWidth(0, 32);
+    entries->setColumnStretch(1, 1);
+
+    auto* heading = textLabel({}, u"Menu"_s, menu);
     heading->setContentsMargins(8, 6, 0, 0);
     QFont bold = heading->font();
     bold.setBold(true);
     heading->setFont(bold);
-    grid->addWidget(heading, grid->rowCount(), 0, 1, 3);
+    entries->addWidget(heading, 0, 0, 1, 2);
     for (std::size_t i = 0; i < captions.size(); ++i) {
-        Image1[i] = named<PressLabel>(u"Image1_%1"_s.arg(i), surface());
+        Image1[i] = named<PressLabel>(u"Image1_%1"_s.arg(i), menu);
         Image1[i]->setPixmap(programPicture(icons[i]));
         Image1[i]->setAccessibleName(captions[i]);
-        Label9[i] = named<PressLabel>(u"Label9_%1"_s.arg(i), surface());
+        Label9[i] = named<PressLabel>(u"Label9_%1"_s.arg(i), menu);
         Label9[i]->setText(captions[i]);
         Label9[i]->setFocusPolicy(Qt::TabFocus);
         joinPressFeedback(Image1[i], Label9[i]);
         connect(Label9[i], &PressLabel::clicked, this, [this, i] { Label9_Click(i); });
-        const int row = grid->rowCount();
-        grid->addWidget(Image1[i], row, 0, Qt::AlignRight);
-        grid->addWidget(Label9[i], row, 1, 1, 2, Qt::AlignLeft);
+        const int row = static_cast<int>(i) + 1;
+        entries->addWidget(Image1[i], row, 0, Qt::AlignRight);
+        entries->addWidget(Label9[i], row, 1, Qt::AlignLeft);
     }
 }

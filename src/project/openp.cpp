@@ -21,7 +21,9 @@ openp::openp(Workspace& workspace)
     Dir1->setMinimumSize(listSize);
     Dir1->setAccessibleName(prompt->text());
     Dir1->setToolTip(u"Double-click a folder to open it"_s);
-    Dir1->setPath(qtPath(AppDir() / "projets"));
+    if (!Dir1->setPath(qtPath(AppDir() / "projets"))) {
+        Dir1->setPath(qtPath(AppDir()));
+    }
     auto* Command1 = named<QPushButton>("Command1"_L1, u"Open"_s, surface());
     connect(Command1, &QPushButton::clicked, this, &openp::Command1_Click);
 
@@ -35,7 +37,8 @@ openp::openp(Workspace& workspace)
 
 void openp::Command1_Click()
 {
-    std::string name = ReadIni("Jeu", "nom", corePath(Dir1->path()) / "projet.ini");
+    const Path folder = corePath(Dir1->path());
+    std::string name = folder.empty() ? std::string() : ReadIni("Jeu", "nom", folder / "projet.ini");
     if (name.empty()) {
         messageBox(this, u"Erreur : Projet invalide !"_s);
         return;

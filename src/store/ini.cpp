@@ -7,7 +7,6 @@
 namespace
 {
 
-constexpr std::string_view blanks = " \t\r\v\f";
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 
 char lower(char c)
@@ -37,13 +36,26 @@ bool sameName(std::string_view a, std::string_view b)
     return true;
 }
 
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
+}
+
+std::string_view withoutBlanksBefore(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    return text;
+}
+
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) {
-        return {};
+    text = withoutBlanksBefore(text);
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text;
 }
 
 /// Takes one line off the front of the text, without its LF (a CR before it still belongs to the line).
@@ -58,11 +70,11 @@ std::string_view takeLine(std::string_view& rest)
 /// The section that a line opens; nothing for any other line.
 std::optional<std::string_view> sectionName(std::string_view line)
 {
-    const std::size_t first = line.find_first_not_of(blanks);
-    if (first == std::string_view::npos || line[first] != '[') {
+    line = withoutBlanksBefore(line);
+    if (!line.starts_with('[')) {
         return std::nullopt;
     }
-    line.remove_prefix(first + 1);
+    line.remove_prefix(1);
     return trimmed(line.substr(0, line.find(']')));
 }
 

@@ -15,6 +15,8 @@ namespace
 {
 
 constexpr off_t largestFile = off_t{256} * 1024 * 1024;
+// Not to wait for the other end when somebody laid a pipe where a file belongs.
+constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
 
 std::error_code lastError()
 {
@@ -65,6 +67,29 @@ bool readAll(int descriptor, std::string& content)
     }
     content.resize(done);
     return true;
+}
+
+/// Reads a whole file that was just opened; the last error tells why it could not be.
+std::error_code readOpened(const Descriptor& file, std::string& content)
+{
+    content.clear();
+    struct stat state = {};
+    if (!file.isOpen() || ::fstat(file.number(), &state) != 0) {
+        return lastError();
+    }
+    if (!S_ISREG(state.st_mode)) {
+        return std::make_error_code(std::errc::invalid_argument);
+    }
+    if (state.st_size > largestFile) {
+        return std::make_error_code(std::errc::file_too_large);
+    }
+    content.resize(static_cast<std::size_t>(state.st_size));
+    if (!readAll(file.number(), content)) {
+        const std::error_code failure = lastError();
+        content.clear();
+        return failure;
+    }
+    return {};
 }
 
 bool writeAll(int descriptor, std::string_view content)
@@ -131,26 +156,7 @@ bool keepOwnerAndMode(int descriptor, const struct stat& old)
 
 std::error_code readFile(const Path& path, std::string& content)
 {
-    content.clear();
-    // Not to wait for the other end when somebody laid a pipe where a file belongs.
-    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat state = {};
-    if (!file.isOpen() || ::fstat(file.number(), &state) != 0) {
-        return lastError();
-    }
-    if (!S_ISREG(state.st_mode)) {
-        return std::make_error_code(std::errc::invalid_argument);
-    }
-    if (state.st_size > largestFile) {
-        return std::make_error_code(std::errc::file_too_large);
-    }
-    content.resize(static_cast<std::size_t>(state.st_size));
-    if (!readAll(file.number(), content)) {
-        const std::error_code failure = lastError();
-        content.clear();
-        return failure;
-    }
-    return {};
+    return readOpened(Descriptor(::open(path.c_str(), readFlags)), content);
 }
 
 std::error_code replaceFile(const Path& path, std::string_view content)
@@ -185,17 +191,37 @@ std::error_code makeFolder(const Path& path)
     return ::mkdir(path.c_str(), 0777) == 0 ? std::error_code() : lastError();
 }
 
-std::error_code listFolder(const Path& path, std::vector<std::string>& names)
+// Opened as a mere place: a folder may let its files be read and yet not tell their names.
+Folder::Folder(const Path& path)
+    : descriptor_(::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC))
+{
+}
+
+Folder::~Folder()
+{
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+std::error_code Folder::list(std::vector<std::string>& names) const
 {
     names.clear();
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(path.c_str()), ::closedir);
-    if (!folder) {
+    const int listing = ::openat(descriptor_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(listing < 0 ? nullptr : ::fdopendir(listing),
+                                                      ::closedir);
+    if (!entries) {
         return lastError();
     }
-    while (const dirent* entry = ::readdir(folder.get())) {
+    while (const dirent* entry = ::readdir(entries.get())) {
         names.emplace_back(entry->d_name);
     }
     return {};
+}
+
+std::error_code Folder::readFile(const std::string& name, std::string& content) const
+{
+    return readOpened(Descriptor(::openat(descriptor_, name.c_str(), readFlags)), content);
 }
 
 } // namespace platform

@@ -1,8 +1,8 @@
 /// Where a project lies and how its files are read and written. Every part of the program goes through here.
 ///
-/// No operation reports an error: a failed read is empty text, a failed write leaves the file as it was. An
-/// empty path stands for "no folder": it reads as empty text and nothing is written. Texts are Windows-1252
-/// bytes.
+/// Reading and writing report no error: a failed read is empty text, a failed write leaves the file as it
+/// was. An empty path stands for "no folder": it reads as empty text and nothing is written. Texts are
+/// Windows-1252 bytes.
 #pragma once
 
 #include "store/platform.h"

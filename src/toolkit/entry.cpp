@@ -26,24 +26,26 @@ PressLabel::PressLabel(QWidget* parent)
 
 void PressLabel::mousePressEvent(QMouseEvent*)
 {
-    down_ = true;
+    ++buttonsDown_;
+    secondPress_ = false;
     Q_EMIT pressed();
 }
 
 void PressLabel::mouseDoubleClickEvent(QMouseEvent* event)
 {
     mousePressEvent(event);
+    secondPress_ = true;
 }
 
 void PressLabel::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!down_) {
+    if (buttonsDown_ == 0) {
         return;
     }
-    down_ = false;
+    --buttonsDown_;
     const bool inside = rect().contains(event->pos());
     Q_EMIT released();
-    if (inside && event->button() == Qt::LeftButton) {
+    if (inside && event->button() == Qt::LeftButton && !secondPress_) {
         Q_EMIT clicked();
     }
 }
@@ -53,8 +55,8 @@ void PressLabel::keyPressEvent(QKeyEvent* event)
     if (!isPressKey(event)) {
         return QLabel::keyPressEvent(event);
     }
-    if (!event->isAutoRepeat() && !down_) {
-        down_ = true;
+    if (!event->isAutoRepeat() && !keyDown_) {
+        keyDown_ = true;
         Q_EMIT pressed();
     }
 }
@@ -64,8 +66,8 @@ void PressLabel::keyReleaseEvent(QKeyEvent* event)
     if (!isPressKey(event)) {
         return QLabel::keyReleaseEvent(event);
     }
-    if (!event->isAutoRepeat() && down_) {
-        down_ = false;
+    if (!event->isAutoRepeat() && keyDown_) {
+        keyDown_ = false;
         Q_EMIT released();
         Q_EMIT clicked();
     }
@@ -79,8 +81,8 @@ void PressLabel::focusInEvent(QFocusEvent* event)
 
 void PressLabel::focusOutEvent(QFocusEvent* event)
 {
-    if (down_) {
-        down_ = false;
+    if (keyDown_) {
+        keyDown_ = false;
         Q_EMIT released();
     }
     QLabel::focusOutEvent(event);

@@ -3,8 +3,9 @@
 
 #include <QLabel>
 
-/// A label, with text or a picture, that reports what the mouse does to it. A key that presses it counts as a
-/// click.
+/// A label, with text or a picture, that reports what the mouse does to it: every button pressed and
+/// released, and a click of the left one, which a double click is not twice. A key that presses it counts as
+/// a click.
 class PressLabel : public QLabel
 {
     Q_OBJECT
@@ -28,7 +29,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    bool down_ = false;
+    int buttonsDown_ = 0;
+    bool keyDown_ = false;
+    bool secondPress_ = false;
 };
 
 /// Moves both labels by the press shift while one of them is pressed, and back on release: from where they

@@ -22,8 +22,6 @@ LineList::LineList(QWidget* parent)
     : QListWidget(parent)
 {
     setUniformItemSizes(true);
-    connect(this, &QListWidget::itemClicked, this,
-            [this](QListWidgetItem* item) { Q_EMIT chosen(row(item)); });
 }
 
 void LineList::appendLine(const std::string& line)
@@ -59,20 +57,50 @@ int LineList::selectedRow() const
     return selected.isEmpty() ? -1 : row(selected.first());
 }
 
+void LineList::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        rowBeforePress_ = selectedRow();
+        QListWidget::mousePressEvent(event);
+    }
+}
+
+// A choice counts once the button is up: what it leads to may be a modal box, which would swallow the
+// release.
+void LineList::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    QListWidget::mouseReleaseEvent(event);
+    const int row = selectedRow();
+    if (row >= 0 && (row != rowBeforePress_ || item(row) == itemAt(event->pos()))) {
+        Q_EMIT chosen(row);
+    }
+}
+
 void LineList::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    QListWidget::mouseDoubleClickEvent(event);
-    Q_EMIT opened();
+    if (event->button() == Qt::LeftButton) {
+        QListWidget::mouseDoubleClickEvent(event);
+        Q_EMIT opened();
+    }
 }
 
 void LineList::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Q_EMIT opened();
+        if (selectedRow() >= 0) {
+            Q_EMIT opened();
+        }
         return;
     }
     const int before = selectedRow();
-    QListWidget::keyPressEvent(event);
+    if (before < 0 && (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)) {
+        setCurrentRow(0); // the first step into a list leads to its first line
+    } else {
+        QListWidget::keyPressEvent(event);
+    }
     if (selectedRow() != before && selectedRow() >= 0) {
         Q_EMIT chosen(selectedRow());
     }

@@ -22,12 +22,17 @@ public:
     int selectedRow() const;
 
 Q_SIGNALS:
-    /// A line was clicked, or the selection was moved by a key; row counts from 0.
+    /// A line was clicked, or the selection came to lie on another one by mouse or key; row counts from 0.
     void chosen(int row);
-    /// A double click, anywhere in the list, or Enter.
+    /// A double click anywhere in the list, or Enter on a selected line.
     void opened();
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    int rowBeforePress_ = -1;
 };

@@ -1,7 +1,6 @@
 #include "toolkit/view.h"
 
 #include <QApplication>
-#include <QIcon>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPixmap>
