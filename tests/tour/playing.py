@@ -1,0 +1,67 @@
+"""The last station: the game runs in its player, and does what was drawn and written."""
+
+from game import Game
+from project import COLUMNS, ansi, crlf
+from waiting import Missed, wait_for
+from writing import CHANGE_OF_MAP, CONDITION, FIRST_EVENT
+
+
+def play_game(tour, drawing):
+    tour.program.click("Controlpanel/Label9_3")
+    player = wait_for("the player starts", tour.stage.players)[0]
+    check_scripts(tour, drawing.cells)
+    game = Game(player, tour.project)
+    game.await_title()
+    tour.take_picture("game-title", game.place)
+    game.press("x")
+    walk_to_talk(tour, game, drawing)
+    walk_through_door(tour, game, drawing)
+    game.ask_to_close()
+    code = tour.stage.exit_code_of(player)
+    if code != 0:
+        raise Missed(f"the player ends with 0 (it ended with {code})")
+
+
+def check_scripts(tour, cells):
+    """The scripts that the test run writes before it starts the player."""
+    project = tour.project
+    boot = crlf(f'System.currentDirectory("projets/{project.folder.name}")', 'dofile("index.lua")')
+    if (tour.stage.app_dir / "index.lua").read_bytes() != boot:
+        raise Missed("the boot script leads to the project")
+    project.await_bytes("variables.lua", crlf("--Variables du jeu", "var = {}", 'var[1] = "7"', ""))
+    script = project.bytes_of("ev.lua")
+    for cell, lines in ((cells.talk, FIRST_EVENT + CONDITION), (cells.door, CHANGE_OF_MAP)):
+        head = ansi(f"    if ligne == {cell[0]} and colonne == {cell[1]} then\r\n    \r\n")
+        if head + crlf(*lines) not in script:
+            raise Missed(f"ev.lua holds the event of row {cell[0]}, column {cell[1]}")
+
+
+def walk_to_talk(tour, game, drawing):
+    """The fence holds; the next cell speaks, takes life, and knows the variable."""
+    game.await_map(drawing.maps["01"])
+    game.await_hero("face", drawing.cells.start)
+    game.walk_against("Left", drawing.cells.start, "gauche")
+    whole_life = game.life()
+    tour.take_picture("game-map", game.place)
+    game.hold("Right")
+    first = game.await_text()
+    game.let_go("Right")
+    tour.take_picture("game-text", game.place)
+    game.press("x")
+    game.await_text(other_than=first)
+    game.await_life(0.9, whole_life)
+    tour.take_picture("game-condition", game.place)
+    game.press("x")
+    game.await_no_text()
+    game.await_hero("droite", drawing.cells.talk)
+
+
+def walk_through_door(tour, game, drawing):
+    """The hero comes to the second map's start; as the key is still held, he may have gone on from there."""
+    second = drawing.maps["02"]
+    game.hold("Right")
+    game.await_map(second)
+    game.let_go("Right")
+    row, column = second.start
+    game.await_hero("droite", *((row, reached) for reached in range(column, COLUMNS + 1)))
+    tour.take_picture("game-second-map", game.place)

@@ -1,0 +1,172 @@
+#include "probe.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QMdiSubWindow>
+#include <QStyleOptionTitleBar>
+#include <QWidget>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace
+{
+
+/// What a person reads on a control; empty when it bears no text.
+QString captionOf(const QWidget& control)
+{
+    for (const char* property : {"text", "currentText", "title", "windowTitle"}) {
+        if (const QVariant value = control.property(property); value.isValid()) {
+            return value.toString().remove(u'&');
+        }
+    }
+    return {};
+}
+
+bool bears(const QWidget& control, const QString& piece)
+{
+    if (piece.startsWith(u'=')) {
+        return captionOf(control) == piece.mid(1);
+    }
+    return control.objectName() == piece || QLatin1StringView(control.metaObject()->className()) == piece;
+}
+
+/// All controls below one that bear a name, the lowest window's first: a raised window is its parent's last
+/// child.
+QList<QWidget*> below(const QWidget& parent, const QString& piece)
+{
+    QList<QWidget*> found;
+    for (QObject* child : parent.children()) {
+        if (auto* control = qobject_cast<QWidget*>(child)) {
+            if (bears(*control, piece)) {
+                found += control;
+            }
+            found += below(*control, piece);
+        }
+    }
+    return found;
+}
+
+QList<QWidget*> outermost(const QString& piece)
+{
+    QList<QWidget*> found;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->parentWidget() == nullptr) {
+            if (bears(*window, piece)) {
+                found += window;
+            }
+            found += below(*window, piece);
+        }
+    }
+    return found;
+}
+
+QWidget* find(const QString& path)
+{
+    const QStringList pieces = path.split(u'/');
+    QList<QWidget*> found = outermost(pieces.first());
+    for (const QString& piece : pieces.mid(1)) {
+        QList<QWidget*> inner;
+        for (const QWidget* control : found) {
+            inner += below(*control, piece);
+        }
+        found = inner;
+    }
+    const auto shown = std::find_if(found.rbegin(), found.rend(), [](QWidget* w) { return w->isVisible(); });
+    return shown != found.rend() ? *shown : found.isEmpty() ? nullptr : found.last();
+}
+
+QJsonArray place(const QWidget& control, const QRect& within)
+{
+    const QPoint corner = control.mapToGlobal(within.topLeft());
+    return {corner.x(), corner.y(), within.width(), within.height()};
+}
+
+/// Whether a click in the middle of the control would reach it.
+bool isReachable(const QWidget& control)
+{
+    const QWidget* hit = QApplication::widgetAt(control.mapToGlobal(control.rect().center()));
+    const QWidget* modal = QApplication::activeModalWidget();
+    return (hit == &control || control.isAncestorOf(hit)) &&
+           (modal == nullptr || modal->window() == control.window());
+}
+
+/// The display's number of the window that a control lies in; 0 as long as it was never shown.
+qint64 windowNumber(const QWidget& control)
+{
+    const QWindow* window = control.window()->windowHandle();
+    return window == nullptr ? 0 : static_cast<qint64>(window->winId());
+}
+
+/// The lines of a list as far as they can be seen.
+QJsonArray linesOf(const QAbstractItemView& list)
+{
+    QJsonArray lines;
+    for (int row = 0; list.model() != nullptr && row < list.model()->rowCount(); ++row) {
+        const QModelIndex index = list.model()->index(row, 0);
+        lines += QJsonObject{{u"text"_s, index.data().toString()},
+                             {u"place"_s, place(*list.viewport(), list.visualRect(index))}};
+    }
+    return lines;
+}
+
+QJsonArray closeButtonOf(const QMdiSubWindow& window)
+{
+    QStyleOptionTitleBar bar;
+    bar.initFrom(&window);
+    bar.titleBarFlags = window.windowFlags();
+    bar.subControls = QStyle::SC_All;
+    bar.rect = {0, 0, window.width(), window.style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, &window)};
+    return place(window, window.style()->subControlRect(QStyle::CC_TitleBar, &bar,
+                                                        QStyle::SC_TitleBarCloseButton, &window));
+}
+
+QJsonObject describe(const QWidget& control)
+{
+    QJsonObject answer{{u"place"_s, place(control, control.rect())}, {u"visible"_s, control.isVisible()},
+                       {u"enabled"_s, control.isEnabled()},          {u"reachable"_s, isReachable(control)},
+                       {u"caption"_s, captionOf(control)},           {u"window"_s, windowNumber(control)}};
+    for (const char* property : {"checked", "value", "maximum"}) {
+        if (const QVariant value = control.property(property); value.isValid()) {
+            answer[QLatin1StringView(property)] = value.toJsonValue();
+        }
+    }
+    if (const auto* list = qobject_cast<const QAbstractItemView*>(&control)) {
+        answer[u"lines"_s] = linesOf(*list);
+    }
+    if (const auto* window = qobject_cast<const QMdiSubWindow*>(control.parentWidget())) {
+        answer[u"closeButton"_s] = closeButtonOf(*window);
+    }
+    return answer;
+}
+
+} // namespace
+
+Probe::Probe(const QString& socketFile)
+{
+    connect(this, &QLocalServer::newConnection, this, &Probe::greet);
+    if (!listen(socketFile)) {
+        qWarning("The probe cannot listen: %s", qPrintable(errorString()));
+    }
+}
+
+void Probe::greet()
+{
+    while (QLocalSocket* connection = nextPendingConnection()) {
+        connect(connection, &QLocalSocket::readyRead, connection, [connection] { answer(connection); });
+        connect(connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
+    }
+}
+
+void Probe::answer(QLocalSocket* connection)
+{
+    while (connection->canReadLine()) {
+        const QWidget* control = find(QString::fromUtf8(connection->readLine()).trimmed());
+        const QJsonObject reply = control == nullptr ? QJsonObject() : describe(*control);
+        connection->write(QJsonDocument(reply).toJson(QJsonDocument::Compact) + '\n');
+    }
+}

@@ -1,0 +1,114 @@
+"""The place where the tour plays: a copy of the runnable folder and a display, both its own."""
+
+import ctypes
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+from pathlib import Path
+
+from waiting import Missed, wait_for
+
+SCREEN = (0, 0, 1280, 800)
+_libc = ctypes.CDLL(None)
+_PR_SET_PDEATHSIG, _PR_SET_CHILD_SUBREAPER = 1, 36
+
+
+def _die_with_the_tour():
+    _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL)
+
+
+class Stage:
+    """Copies the folder, leaving out what an author made there, and opens a display.
+
+    Used with `with`; at the end nothing of it is left, whatever happened.
+    """
+
+    def __init__(self, app_dir, plugins):
+        self._source, self._plugins = Path(app_dir), Path(plugins).resolve()
+        self.folder = Path(tempfile.mkdtemp(prefix="tour-"))
+        self.app_dir = self.folder / "Questforge"
+        self.socket = self.folder / "probe"
+        self.program = self._display = None
+        # Makes the player, which the program starts and leaves alone, a child of the tour in the end.
+        _libc.prctl(_PR_SET_CHILD_SUBREAPER, 1)
+
+    def __enter__(self):
+        try:
+            self._copy()
+            self._open_display()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in (self.program, self._display):
+            for player in self.players():
+                os.kill(player, signal.SIGKILL)
+            if process and process.poll() is None:
+                process.kill()
+                process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _copy(self):
+        def authors_work(folder, names):
+            return {"projets", "index.lua"} & set(names) if Path(folder) == self._source else set()
+
+        if not (self._source / "questforge").is_file():
+            raise Missed(f"a runnable folder is at {self._source}")
+        shutil.copytree(self._source, self.app_dir, ignore=authors_work)
+
+    def _open_display(self):
+        reader, writer = os.pipe()
+        size = f"{SCREEN[2]}x{SCREEN[3]}x24"
+        self._display = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", size, "-nolisten", "tcp"],
+            pass_fds=[writer], preexec_fn=_die_with_the_tour, stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with os.fdopen(reader) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise Missed("the virtual display opens")
+        os.environ["DISPLAY"] = ":" + number
+        # The layout has a key for each letter that the tour types: none has to be added meanwhile.
+        subprocess.run(["setxkbmap", "fr"], check=True, stderr=subprocess.DEVNULL)
+
+    def start_program(self):
+        """Starts the program as it is; the environment lets the toolkit take the probe in."""
+        home = self.folder / "home"
+        home.mkdir(mode=0o700)
+        keep = ("PATH", "DISPLAY", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
+        environment = {name: os.environ[name] for name in keep if name in os.environ}
+        environment |= {"HOME": str(home), "XDG_RUNTIME_DIR": str(home), "LANG": "C.UTF-8",
+                        "QT_QPA_PLATFORM": "xcb", "QT_PLUGIN_PATH": str(self._plugins),
+                        "QT_QPA_GENERIC_PLUGINS": f"probe:{self.socket}"}
+        with open(self.folder / "log", "w") as log:
+            self.program = subprocess.Popen([self.app_dir / "questforge"], env=environment, cwd="/",
+                                            stdout=log, stderr=log, preexec_fn=_die_with_the_tour)
+
+    def log(self):
+        """What the program and the player said on their streams."""
+        path = self.folder / "log"
+        return path.read_text(errors="replace") if path.exists() else ""
+
+    def players(self):
+        """Process numbers of the players that run from the copied folder."""
+        player = str(self.app_dir / "luaplayer.exe")
+
+        def runs_player(process):
+            try:
+                return os.readlink(process / "exe") == player
+            except OSError:
+                return False
+
+        return [int(process.name) for process in Path("/proc").glob("[0-9]*") if runs_player(process)]
+
+    def exit_code_of(self, player):
+        """Waits for the end of a player and answers its exit code."""
+        def ended():
+            found, status = os.waitpid(player, os.WNOHANG)
+            return found and (os.waitstatus_to_exitcode(status),)
+
+        return wait_for("the player ends", ended)[0]

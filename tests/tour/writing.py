@@ -1,0 +1,98 @@
+"""The stations that give cells their events, and the game a variable."""
+
+from project import crlf
+from waiting import Missed, wait_for
+
+PANEL = "mapeditor/Frame6"
+FIRST_EVENT = ['affichertexte("Qui va là ?")', "screen.waitVblankStart(30)",
+               "hero.vie = hero.vie - 10 -- Retrait de 10 de vie au héro"]
+CONDITION = ['if var[1] == "7" then', 'affichertexte("Entrez, héros !")', "end"]
+CHANGE_OF_MAP = ['runmap("02")']
+
+
+class Writing:
+    def __init__(self, tour):
+        self._tour, self._program, self._project = tour, tour.program, tour.project
+
+    def _command(self, caption):
+        self._program.click(f"{PANEL}/={caption}")
+
+    def _display_text(self, text):
+        self._command("Display Text")
+        self._program.answer("Type the text! :", text)
+
+    def _save(self, cell, lines):
+        self._program.await_lines(f"{PANEL}/listev", lines)
+        self._command("Save")
+        self._program.await_gone(PANEL)
+        self._project.await_bytes(f"ev/map01/ev{cell[0]}{cell[1]}", crlf("", *lines))
+
+    def _await_open(self, cell, lines):
+        self._program.await_caption(f"{PANEL}/ln", str(cell[0]))
+        self._program.await_caption(f"{PANEL}/co", str(cell[1]))
+        self._program.await_lines(f"{PANEL}/listev", lines)
+        wait_for("the map takes no clicks meanwhile",
+                 lambda: not self._program.look("mapeditor/CarteImg").enabled)
+
+    def _open(self, cell, lines):
+        row, column = cell
+        self._program.click("mapeditor/Frame2/=Event")
+        self._program.click("mapeditor/CarteImg", column * 28 - 14, row * 29 - 14)
+        self._await_open(cell, lines)
+
+    def write_event(self, cell):
+        """The cell is open already."""
+        self._await_open(cell, [])
+        self._display_text("Qui va là ?")
+        self._command("Pause")
+        self._program.answer("Type the time frame", "30")
+        self._command("Change the hero's HP")
+        self._program.type_into(f"{PANEL}/Frame10/Text2", "10")
+        self._tour.take_picture("event")
+        self._program.click(f"{PANEL}/Frame10/Command22")
+        self._program.await_gone(f"{PANEL}/Frame10")
+        self._save(cell, FIRST_EVENT)
+
+    def add_variable(self):
+        program = self._program
+        entry = program.await_usable("Controlpanel/Label9_1").place
+        program.click("Controlpanel/Label9_1")
+        program.click("var/Command1")
+        program.answer("Taper la valeur de départ de la variable", "7")
+        program.await_lines("var/List1", ["1 | Valeur de départ : 7"])
+        self._project.await_setting("Variables", "nombre", "1")
+        self._project.await_setting("Variable1", "valeur", "7")
+        self._tour.take_picture("variables")
+        if program.look("Controlpanel/Label9_1").place != entry:
+            raise Missed("a pressed entry of the control panel goes back to its place")
+        program.press_close_button("var")
+        program.await_gone("var")
+
+    def write_condition(self, cell):
+        """Opens the first map again from the control panel's list, in an editor of its own."""
+        program = self._program
+        program.click("Controlpanel/=Menu")
+        program.await_caption("Controlpanel/Label7", "02")
+        program.await_lines("Controlpanel/List1", ["1La clairière", "2Carte 1"])
+        program.double_click_line("Controlpanel/List1", 0)
+        program.await_caption("mapeditor/Frame1/Label1", "01")
+        self._open(cell, FIRST_EVENT)
+        self._command("A condition")
+        program.choose(f"{PANEL}/Frame7/Combo1", 0, "Variable 1 de valeur initale : 7")
+        program.choose(f"{PANEL}/Frame7/Combo2", 0, "=")
+        program.type_into(f"{PANEL}/Frame7/Text3", "7")
+        self._tour.take_picture("condition")
+        program.click(f"{PANEL}/Frame7/Command3")
+        self._display_text("Entrez, héros !")
+        self._command("Close Condition")
+        self._save(cell, FIRST_EVENT + CONDITION)
+
+    def write_change_of_map(self, cell):
+        self._open(cell, [])
+        self._command("Change map")
+        self._program.step_forward(f"{PANEL}/Frame9/HScroll3")
+        self._program.await_caption(f"{PANEL}/Frame9/Label12", "02")
+        self._program.await_caption(f"{PANEL}/Frame9/Label14", "Carte 1")
+        self._tour.take_picture("change-of-map")
+        self._program.click(f"{PANEL}/Frame9/Command21")
+        self._save(cell, CHANGE_OF_MAP)
