@@ -2,7 +2,7 @@
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsdl2-image-dev liblua5.1-0-dev
     fonts-liberation2 libgl1-mesa-dev)
-test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy python3 python3-pil xvfb x11-xkb-utils xdotool imagemagick)
+test_packages=(libgtest-dev libbenchmark-dev libxcb1-dev clang-format clang-tidy python3 python3-pil xvfb x11-xkb-utils xdotool imagemagick)
 
 # Installs the named Debian packages that are missing, asking nothing; says what it lacks when it may not.
 install_packages() {

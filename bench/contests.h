@@ -1,0 +1,11 @@
+/// The contests, each group in its own file. Adding them runs nothing.
+#pragma once
+
+/// The staged program up to its shown window, beside an empty one.
+void addStartup();
+/// Drawing, the idle tick, a painted click and loading, in a real map editor view.
+void addMapView();
+/// ev.lua of 1 to 1000 maps with no, some and all event files.
+void addEventScript();
+/// One key read from descriptors of three lengths.
+void addIniKey();
