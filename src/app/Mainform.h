@@ -10,7 +10,7 @@ class Controlpanel;
 class QMdiArea;
 class QMdiSubWindow;
 
-class Mainform : public QMainWindow, public Workspace
+class Mainform final : public QMainWindow, public Workspace
 {
     Q_OBJECT
 

@@ -39,7 +39,10 @@ void GridPicture::draw(const MapModel& map, const std::string& tileset, MarkPlac
     if (drawn_ && drawn_->map == map && drawn_->tileset == tileset && drawn_->marks == marks) {
         return;
     }
-    Drawing& next = drawn_ ? *drawn_ : drawn_.emplace(); // copied into what is there, which costs no memory
+    if (!drawn_) {
+        drawn_ = Drawing{};
+    }
+    Drawing& next = *drawn_; // copied into what is there, which costs no memory
     if (next.tileset != tileset) {
         tiles_.clear();
     }

@@ -62,8 +62,8 @@ void DirectoryList::addFolder(const QString& name, const QString& path, int dept
 {
     constexpr int stepsShown = 8; // deeper folders would leave no room for their names
     const auto icon = path_.startsWith(path) ? QStyle::SP_DirOpenIcon : QStyle::SP_DirIcon;
-    auto* item = new QListWidgetItem(style()->standardIcon(icon),
-                                     QString(2 * std::min(depth, stepsShown), u' ') + name);
+    const QString indent = u"  "_s.repeated(std::min(depth, stepsShown));
+    auto* item = new QListWidgetItem(style()->standardIcon(icon), indent + name);
     item->setData(folderPath, path);
     item->setData(Qt::AccessibleTextRole, path);
     addItem(item);
