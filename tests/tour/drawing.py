@@ -3,10 +3,10 @@
 from types import SimpleNamespace
 
 import picture
+from mapview import CELL, GRID, middle_of
 from project import Map
 from waiting import Missed, wait_for
 
-CELL = (28, 29)
 START_QUESTION = "Click the box to the starting position of the hero on this map"
 MAP_NAME = "La clairière"
 WHITE = (255, 255, 255)
@@ -19,16 +19,15 @@ class Drawing:
         self.cells = None  # where what happens in the game happens
 
     def click_cell(self, cell):
-        row, column = cell
-        x, y = (column - 1) * CELL[0] + CELL[0] // 2, (row - 1) * CELL[1] + CELL[1] // 2
-        self._program.click("mapeditor/CarteImg", x, y)
+        self._program.click(GRID, *middle_of(cell))
 
     def _seen(self, cell):
         row, column = cell
-        left, top = self._program.look("mapeditor/CarteImg").place[:2]
+        left, top = self._program.look(GRID).place[:2]
         return picture.from_screen((left + (column - 1) * CELL[0], top + (row - 1) * CELL[1], *CELL))
 
-    def _await_tile(self, cell, tileset, code):
+    def await_tile(self, cell, tileset, code):
+        """Waits until the topmost grid shows a tile in a cell."""
         path = f"data/images/terrains/terrain{tileset}/terrain0{code + 1}.JPG"
         tile = picture.from_file(self._tour.stage.app_dir / path)
         # Two decoders of the same picture are a shade apart.
@@ -38,7 +37,7 @@ class Drawing:
     def _await_grid(self, model, tileset):
         """Looks at some cells of a whole map; a block's mark would stand over the tile."""
         for cell in model.free_cells()[::20]:
-            self._await_tile(cell, tileset, model.code(cell))
+            self.await_tile(cell, tileset, model.code(cell))
 
     def _choose_tile(self, code):
         path = "mapeditor/Frame2/Frame5/Choixtext"
@@ -48,8 +47,9 @@ class Drawing:
 
     def paint(self):
         first = self.maps["01"] = Map(self._project, "01")
-        fence, start, talk, _, door = first.free_run(5)
-        self.cells = SimpleNamespace(fence=fence, start=start, talk=talk, door=door)
+        fence, start, talk, leap = first.free_run(4)
+        door, landing = first.dead_end()
+        self.cells = SimpleNamespace(fence=fence, start=start, talk=talk, leap=leap, landing=landing, door=door)
         painted = [talk, door, first.free_cells()[-1]]
         code = first.other_code(painted)
         self._choose_tile(code)
@@ -57,7 +57,7 @@ class Drawing:
             self.click_cell(cell)
             first.set_code(cell, code)
             first.await_saved()
-            self._await_tile(cell, "01", code)
+            self.await_tile(cell, "01", code)
         self._tour.take_picture("painted-map")
 
     def block(self):

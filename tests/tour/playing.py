@@ -1,9 +1,9 @@
-"""The last station: the game runs in its player, and does what was drawn and written."""
+"""The station where the game runs in its player, and does what was drawn and written."""
 
 from game import Game
-from project import COLUMNS, ansi, crlf
+from project import ansi, crlf
 from waiting import Missed, wait_for
-from writing import CHANGE_OF_MAP, CONDITION, FIRST_EVENT
+from writing import CHANGE_OF_MAP, CONDITION, FIRST_EVENT, leap_lines
 
 
 def play_game(tour, drawing):
@@ -15,6 +15,7 @@ def play_game(tour, drawing):
     tour.take_picture("game-title", game.place)
     game.press("x")
     walk_to_talk(tour, game, drawing)
+    leap(tour, game, drawing.cells.landing)
     walk_through_door(tour, game, drawing)
     game.ask_to_close()
     code = tour.stage.exit_code_of(player)
@@ -30,7 +31,9 @@ def check_scripts(tour, cells):
         raise Missed("the boot script leads to the project")
     project.await_bytes("variables.lua", crlf("--Variables du jeu", "var = {}", 'var[1] = "7"', ""))
     script = project.bytes_of("ev.lua")
-    for cell, lines in ((cells.talk, FIRST_EVENT + CONDITION), (cells.door, CHANGE_OF_MAP)):
+    events = {cells.talk: FIRST_EVENT + CONDITION, cells.leap: leap_lines(cells.landing),
+              cells.door: CHANGE_OF_MAP}
+    for cell, lines in events.items():
         head = ansi(f"    if ligne == {cell[0]} and colonne == {cell[1]} then\r\n    \r\n")
         if head + crlf(*lines) not in script:
             raise Missed(f"ev.lua holds the event of row {cell[0]}, column {cell[1]}")
@@ -56,12 +59,20 @@ def walk_to_talk(tour, game, drawing):
     game.await_hero("droite", drawing.cells.talk)
 
 
+def leap(tour, game, landing):
+    """The next cell takes the hero to another one, where a block ends the way of the held key."""
+    game.hold("Right")
+    game.await_hero("droite", landing)
+    game.let_go("Right")
+    tour.take_picture("game-leap", game.place)
+
+
 def walk_through_door(tour, game, drawing):
     """The hero comes to the second map's start; as the key is still held, he may have gone on from there."""
     second = drawing.maps["02"]
-    game.hold("Right")
+    game.hold("Left")
     game.await_map(second)
-    game.let_go("Right")
+    game.let_go("Left")
     row, column = second.start
-    game.await_hero("droite", *((row, reached) for reached in range(column, COLUMNS + 1)))
+    game.await_hero("gauche", *((row, reached) for reached in range(1, column + 1)))
     tour.take_picture("game-second-map", game.place)

@@ -109,11 +109,11 @@ class Program:
         place = self.await_usable(path).place
         self.click(path, place.width - 6)
 
-    def double_click_line(self, path, row):
-        """Double-clicks a line of a list, row counted from 0."""
+    def click_line(self, path, row, times=1):
+        """Clicks a line of a list, row counted from 0; twice for a double-click."""
         self.await_usable(path)
         left, top, width, height = self.look(path).lines[row]["place"]
-        xdotool("mousemove", left + width // 2, top + height // 2, "click", "--repeat", 2, "--delay", 80, 1)
+        xdotool("mousemove", left + width // 2, top + height // 2, "click", "--repeat", times, "--delay", 80, 1)
 
     def choose(self, path, row, text):
         """Opens a choice and takes its entry, row counted from 0."""
@@ -138,11 +138,22 @@ class Program:
         self.click("QInputDialog/=OK")
         self.await_gone("QInputDialog")
 
-    def dismiss(self, text, button):
+    def dismiss(self, text, button, title="Questforge"):
         """Presses a button of the message box that says `text`."""
         self.await_caption("QMessageBox/qt_msgbox_label", text)
+        seen = xdotool("getwindowname", self.await_usable("QMessageBox/=" + button).window)
+        if seen != title:
+            raise Missed(f"the message {text!r} has the title {title} (it has {seen})")
         self.click("QMessageBox/=" + button)
         self.await_gone("QMessageBox")
+
+    def drag(self, path, down):
+        """Moves the window of a view by its title, in pixels."""
+        place = self.await_usable(path).place
+        _, top, _, height = self.look(path).closeButton
+        x, y = place.left + place.width // 2, top + height // 2
+        xdotool("mousemove", x, y, "mousedown", 1, "mousemove", x, y + down, "mouseup", 1)
+        wait_for(f"{path} is moved by {down}", lambda: self.look(path).place.top == place.top + down)
 
     def press_close_button(self, path):
         """Presses the button that closes the window of a view."""

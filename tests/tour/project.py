@@ -1,5 +1,7 @@
 """The files of the project that the tour makes, and what they should hold."""
 
+from contextlib import contextmanager
+
 from waiting import Missed, wait_for
 
 COLUMNS, ROWS = 17, 8
@@ -13,6 +15,23 @@ def ansi(text):
 def crlf(*lines):
     """Lines with their line ends, as bytes."""
     return ansi("".join(line + "\r\n" for line in lines))
+
+
+def _state_of(folder):
+    """What is below a folder, when it was written and what it holds."""
+    return {str(path.relative_to(folder)): (path.stat().st_mtime_ns, path.is_file() and path.read_bytes())
+            for path in folder.rglob("*")}
+
+
+@contextmanager
+def untouched(folder, what):
+    """Used with `with`: nothing below the folder may be written meanwhile, not even as it was."""
+    before = _state_of(folder)
+    yield
+    after = _state_of(folder)
+    written = sorted(path for path in before.keys() | after.keys() if before.get(path) != after.get(path))
+    if written:
+        raise Missed(f"{what} writes nothing (it wrote {written})")
 
 
 class Project:
@@ -92,6 +111,14 @@ class Map:
             if at >= 0:
                 return [(row, at + 1 + step) for step in range(length)]
         raise Missed(f"the new map has {length} free cells in a row")
+
+    def dead_end(self):
+        """Two neighbouring free cells below row 2, the right one of which has a block at its right."""
+        for row, flags in enumerate(self._flags[2:], start=3):
+            at = "".join(flags).find("001")
+            if at >= 0:
+                return [(row, at + 1), (row, at + 2)]
+        raise Missed("the new map has a way that ends at a block")
 
     def await_saved(self):
         """Waits until both files hold what they should, byte for byte."""

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Plays the program along its typical road, from the welcome view to the running game.
+"""Plays the program along its typical road, from the welcome view to the running game and back.
 
 Usage: tour.py APPDIR PICTURES PLUGINS
 
@@ -14,18 +14,18 @@ import sys
 from pathlib import Path
 
 import picture
-from closing import ask_to_close
 from drawing import Drawing
+from entering import create_project, welcome
 from playing import play_game
-from program import Program, focus, xdotool
+from program import Program
 from project import Project
 from stage import SCREEN, Stage
-from waiting import Missed, wait_for
+from switching import Switching
+from waiting import Missed
 from writing import Writing
 
 TIME_LIMIT = 280  # seconds, of which a quick machine needs a small part
 PROJECT = "Vallée"
-AUTHOR = "Odile"
 
 
 class Tour:
@@ -44,55 +44,6 @@ class Tour:
         picture.save_screen(place, self._pictures / f"{self._taken:02}-{name}.png")
 
 
-def welcome(tour):
-    program = tour.program
-    program.await_caption("Acc/Label1", "Welcome to Questforge 3! What would you do?")
-    if not (tour.stage.app_dir / "projets").is_dir():
-        raise Missed("the start makes the folder of the projects")
-    program.await_usable("Acc/Label2")
-    tour.take_picture("welcome")
-    feel_press(tour, "Acc/Image3", "Acc/Label4")
-
-
-def feel_press(tour, icon, label):
-    """Presses an entry, which must give way, and lets go of it elsewhere: it is back, and nothing opens."""
-    program = tour.program
-    before = [program.await_usable(part).place for part in (icon, label)]
-    program.point(icon)
-    seen = picture.from_screen(before[0])
-    pressed = [place._replace(left=place.left + 1, top=place.top + 1) for place in before]
-
-    def places():
-        return [program.look(part).place for part in (icon, label)]
-
-    xdotool("mousedown", 1)
-    wait_for("a pressed entry moves right and down", lambda: places() == pressed)
-    wait_for("the move is seen", lambda: picture.from_screen(before[0]).data != seen.data)
-    xdotool("mousemove", SCREEN[2] - 1, SCREEN[3] - 1, "mouseup", 1)
-    wait_for("the entry moves back", lambda: places() == before)
-    wait_for("the way back is seen", lambda: picture.from_screen(before[0]).data == seen.data)
-
-
-def create_project(tour):
-    program, project = tour.program, tour.project
-    program.click("Acc/Label2")
-    program.await_gone("Acc")
-    program.type_into("nouvprojet/Text1", PROJECT)
-    program.type_into("nouvprojet/Text2", AUTHOR)
-    tour.take_picture("new-project")
-    program.click("nouvprojet/=Create!")
-    program.await_gone("nouvprojet")
-    project.await_setting("Jeu", "nom", PROJECT)
-    project.await_setting("Jeu", "auteur", AUTHOR)
-    for file in ("index.lua", "map01.map", "images/map01/terrain.png", "ev/map01"):
-        if not (project.folder / file).exists():
-            raise Missed(f"the new project has {file}")
-    program.await_caption("Controlpanel/Label5", PROJECT)
-    program.await_caption("Controlpanel/Label6", AUTHOR)
-    program.await_lines("Controlpanel/List1", ["1Carte 1"])
-    program.await_caption("mapeditor/Label1", "01")
-
-
 def look_at_fights(tour):
     program = tour.program
     program.click("Controlpanel/Label9_0")
@@ -104,32 +55,17 @@ def look_at_fights(tour):
     program.await_gone("combateditor")
 
 
-def leave(tour):
-    program, question = tour.program, "Quitter Questforge ?"
-    focus(program.look("Mainform").window)
-    program.press_close_button("Controlpanel")
-    program.await_caption("QMessageBox/qt_msgbox_label", question)
-    tour.take_picture("leaving")
-    program.dismiss(question, "No")
-    program.await_usable("Controlpanel/List1")
-    program.press_close_button("Controlpanel")
-    program.dismiss(question, "Yes")
-    program.await_gone("Controlpanel")
-    ask_to_close(program.look("Mainform").window)
-    wait_for("closing the main window ends the program", lambda: tour.stage.program.poll() is not None)
-    if tour.stage.program.returncode != 0:
-        raise Missed(f"the program ends with 0 (it ended with {tour.stage.program.returncode})")
-
-
 def play(tour):
     """The whole road."""
     drawing, writing = Drawing(tour), Writing(tour)
-    road = [lambda: welcome(tour), lambda: create_project(tour), drawing.paint, drawing.block,
+    switching = Switching(tour, drawing)
+    road = [lambda: welcome(tour), lambda: create_project(tour, tour.project), drawing.paint, drawing.block,
             drawing.place_hero, drawing.name_map, lambda: writing.write_event(drawing.cells.talk),
             drawing.add_map, drawing.change_tileset, writing.add_variable,
-            lambda: writing.write_condition(drawing.cells.talk),
+            lambda: writing.write_condition(drawing.cells.talk), lambda: writing.write_leap(drawing.cells),
             lambda: writing.write_change_of_map(drawing.cells.door), lambda: look_at_fights(tour),
-            lambda: play_game(tour, drawing), lambda: leave(tour)]
+            lambda: play_game(tour, drawing), switching.create_over, switching.click_into_left_view,
+            switching.open_first_again, switching.stay, switching.leave]
     for station in road:
         station()
 

@@ -1,13 +1,21 @@
 """The stations that give cells their events, and the game a variable."""
 
-from project import crlf
+from mapview import GRID, middle_of
+from project import crlf, untouched
 from waiting import Missed, wait_for
 
 PANEL = "mapeditor/Frame6"
 FIRST_EVENT = ['affichertexte("Qui va là ?")', "screen.waitVblankStart(30)",
                "hero.vie = hero.vie - 10 -- Retrait de 10 de vie au héro"]
 CONDITION = ['if var[1] == "7" then', 'affichertexte("Entrez, héros !")', "end"]
-CHANGE_OF_MAP = ['runmap("02")']
+CHANGE_OF_MAP = ['if var[1] == "8" then', 'runmap("02")', "end"]
+
+
+def leap_lines(landing):
+    """The event that changes the variable and takes the hero to another cell."""
+    row, column = landing
+    return ['var[1] = "8"', f"hero.x = {column} -- Déplacement du héro(vertical)",
+            f"hero.y = {row} -- Déplacelement du héro(horizontal)"]
 
 
 class Writing:
@@ -27,17 +35,18 @@ class Writing:
         self._program.await_gone(PANEL)
         self._project.await_bytes(f"ev/map01/ev{cell[0]}{cell[1]}", crlf("", *lines))
 
+    def _await_grid_off(self):
+        wait_for("the map takes no clicks meanwhile", lambda: not self._program.look(GRID).enabled)
+
     def _await_open(self, cell, lines):
         self._program.await_caption(f"{PANEL}/ln", str(cell[0]))
         self._program.await_caption(f"{PANEL}/co", str(cell[1]))
         self._program.await_lines(f"{PANEL}/listev", lines)
-        wait_for("the map takes no clicks meanwhile",
-                 lambda: not self._program.look("mapeditor/CarteImg").enabled)
+        self._await_grid_off()
 
     def _open(self, cell, lines):
-        row, column = cell
         self._program.click("mapeditor/Frame2/=Event")
-        self._program.click("mapeditor/CarteImg", column * 28 - 14, row * 29 - 14)
+        self._program.click(GRID, *middle_of(cell))
         self._await_open(cell, lines)
 
     def write_event(self, cell):
@@ -68,31 +77,58 @@ class Writing:
         program.press_close_button("var")
         program.await_gone("var")
 
+    def _begin_condition(self, value):
+        program, frame = self._program, f"{PANEL}/Frame7"
+        self._command("A condition")
+        program.choose(f"{frame}/Combo1", 0, "Variable 1 de valeur initale : 7")
+        program.choose(f"{frame}/Combo2", 0, "=")
+        program.type_into(f"{frame}/Text3", value)
+        self._tour.take_picture(f"condition-{value}")
+        program.click(f"{frame}/Command3")
+        program.await_gone(frame)
+
     def write_condition(self, cell):
         """Opens the first map again from the control panel's list, in an editor of its own."""
         program = self._program
         program.click("Controlpanel/=Menu")
         program.await_caption("Controlpanel/Label7", "02")
         program.await_lines("Controlpanel/List1", ["1La clairière", "2Carte 1"])
-        program.double_click_line("Controlpanel/List1", 0)
+        program.click_line("Controlpanel/List1", 0, 2)
         program.await_caption("mapeditor/Frame1/Label1", "01")
         self._open(cell, FIRST_EVENT)
-        self._command("A condition")
-        program.choose(f"{PANEL}/Frame7/Combo1", 0, "Variable 1 de valeur initale : 7")
-        program.choose(f"{PANEL}/Frame7/Combo2", 0, "=")
-        program.type_into(f"{PANEL}/Frame7/Text3", "7")
-        self._tour.take_picture("condition")
-        program.click(f"{PANEL}/Frame7/Command3")
+        self._begin_condition("7")
         self._display_text("Entrez, héros !")
         self._command("Close Condition")
         self._save(cell, FIRST_EVENT + CONDITION)
 
+    def write_leap(self, cells):
+        program, lines = self._program, leap_lines(cells.landing)
+        self._open(cells.leap, [])
+        self._command("Change a variable")
+        program.await_lines(f"{PANEL}/Frame8/List1", ["Variable1"])
+        self._tour.take_picture("change-of-variable")
+        program.click_line(f"{PANEL}/Frame8/List1", 0)
+        program.answer("Taper la nouvelle valeur de la variable : ", "8")
+        program.await_gone(f"{PANEL}/Frame8")
+        program.await_lines(f"{PANEL}/listev", lines[:1])
+        self._command("Change the position of hero")
+        program.dismiss("Click the new position of hero", "OK", "Event")
+        with untouched(self._project.folder, "the click on the hero's new position"):
+            program.click(GRID, *middle_of(cells.landing))
+            program.await_lines(f"{PANEL}/listev", lines)
+        self._await_grid_off()
+        self._tour.take_picture("new-position-of-hero")
+        self._save(cells.leap, lines)
+
     def write_change_of_map(self, cell):
+        """The door opens once the variable has been changed."""
         self._open(cell, [])
+        self._begin_condition("8")
         self._command("Change map")
         self._program.step_forward(f"{PANEL}/Frame9/HScroll3")
         self._program.await_caption(f"{PANEL}/Frame9/Label12", "02")
         self._program.await_caption(f"{PANEL}/Frame9/Label14", "Carte 1")
         self._tour.take_picture("change-of-map")
         self._program.click(f"{PANEL}/Frame9/Command21")
+        self._command("Close Condition")
         self._save(cell, CHANGE_OF_MAP)
