@@ -1,0 +1,111 @@
+#include "player/platform.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <thread>
+
+#if defined(__unix__) || defined(__APPLE__)
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace player
+{
+
+namespace
+{
+
+constexpr std::array<const char*, 6> modeTexts = {"rb", "wb", "ab", "r+b", "w+b", "a+b"};
+
+const char* textOf(FileMode mode)
+{
+    return modeTexts.at(static_cast<std::size_t>(mode));
+}
+
+} // namespace
+
+#if defined(__unix__) || defined(__APPLE__)
+
+namespace
+{
+
+constexpr std::array<int, 6> modeFlags = {O_RDONLY, O_WRONLY | O_CREAT, O_WRONLY | O_CREAT | O_APPEND,
+                                          O_RDWR,   O_RDWR | O_CREAT,   O_RDWR | O_CREAT | O_APPEND};
+
+bool startsEmpty(FileMode mode)
+{
+    return mode == FileMode::Write || mode == FileMode::WriteAndRead;
+}
+
+// Only a file that proved to be regular is emptied.
+bool prepare(int descriptor, FileMode mode)
+{
+    struct stat status = {};
+    if (::fstat(descriptor, &status) != 0) {
+        return false;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : EACCES;
+        return false;
+    }
+    return !startsEmpty(mode) || ::ftruncate(descriptor, 0) == 0;
+}
+
+} // namespace
+
+FileHandle openRegularFile(const std::filesystem::path& path, FileMode mode)
+{
+    // Without O_NONBLOCK the opening of a pipe waits for its other end.
+    const int flags =
+        modeFlags.at(static_cast<std::size_t>(mode)) | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    const int descriptor = ::open(path.c_str(), flags, 0666);
+    if (descriptor < 0) {
+        return nullptr;
+    }
+    std::FILE* const file = prepare(descriptor, mode) ? ::fdopen(descriptor, textOf(mode)) : nullptr;
+    if (file == nullptr) {
+        const int reason = errno;
+        ::close(descriptor);
+        errno = reason;
+    }
+    return FileHandle(file);
+}
+
+#else
+
+FileHandle openRegularFile(const std::filesystem::path& path, FileMode mode)
+{
+    std::error_code ignored;
+    const auto status = std::filesystem::symlink_status(path, ignored);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        errno = EACCES;
+        return nullptr;
+    }
+    const std::string text = textOf(mode);
+    return FileHandle(_wfopen(path.c_str(), std::wstring(text.begin(), text.end()).c_str()));
+}
+
+#endif
+
+std::filesystem::path pathFromUtf8(const std::string& name)
+{
+    return std::u8string(name.begin(), name.end());
+}
+
+std::string utf8FromPath(const std::filesystem::path& path)
+{
+    const std::u8string text = path.generic_u8string();
+    return {text.begin(), text.end()};
+}
+
+void endProcessAfter(std::chrono::milliseconds delay, int exitCode)
+{
+    std::thread([delay, exitCode] {
+        std::this_thread::sleep_for(delay);
+        std::_Exit(exitCode);
+    }).detach();
+}
+
+} // namespace player

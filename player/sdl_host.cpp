@@ -1,0 +1,212 @@
+#include "player/sdl_host.h"
+
+#include "player/machine.h"
+#include "player/platform.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+#include <string_view>
+#include <thread>
+
+namespace player
+{
+
+namespace
+{
+
+constexpr Area screenArea{screenWidth, screenHeight};
+
+[[noreturn]] void fail(const char* what)
+{
+    throw std::runtime_error(std::string(what) + ": " + SDL_GetError());
+}
+
+// A size at which the letters are easy to read and the editor beside the window stays in sight.
+Area firstSize()
+{
+    SDL_Rect desktop{0, 0, screenWidth, screenHeight};
+    SDL_GetDisplayUsableBounds(0, &desktop);
+    const int factor = wholeFactor(screenArea, {desktop.w * 3 / 4, desktop.h * 3 / 4});
+    return {screenWidth * factor, screenHeight * factor};
+}
+
+bool hasOurPixels(const SDL_Surface& surface)
+{
+    const SDL_PixelFormat& format = *surface.format;
+    return format.BytesPerPixel == sizeof(Pixel) && format.Rmask == 0xFF0000U && format.Gmask == 0xFF00U &&
+           format.Bmask == 0xFFU;
+}
+
+Target targetOf(const SDL_Surface& surface)
+{
+    const auto pitch = static_cast<std::ptrdiff_t>(surface.pitch / static_cast<int>(sizeof(Pixel)));
+    return {static_cast<Pixel*>(surface.pixels), pitch, {surface.w, surface.h}};
+}
+
+bool sameRow(const Image& one, const Image& other, int y)
+{
+    return std::memcmp(one.row(y), other.row(y), screenWidth * sizeof(Pixel)) == 0;
+}
+
+} // namespace
+
+SdlVideo::SdlVideo()
+{
+    // Otherwise the window's surface is presented through OpenGL, at several times the processor time.
+    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    // An interrupt ends the process as any other program's.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    SDL_SetMainReady();
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) {
+        fail("no display");
+    }
+}
+
+SdlVideo::~SdlVideo()
+{
+    SDL_Quit();
+}
+
+SdlHost::SdlHost(const std::string& title)
+    : shown_(screenWidth, screenHeight, Image::Kind::AlwaysOpaque)
+{
+    const Area size = firstSize();
+    window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.width,
+                                   size.height, SDL_WINDOW_RESIZABLE));
+    if (!window_) {
+        fail("no window");
+    }
+    SDL_SetWindowMinimumSize(window_.get(), screenWidth, screenHeight);
+    // Keys are buttons here; an input method would keep some back to make letters of them.
+    SDL_StopTextInput();
+    input_.startControllers();
+}
+
+void SdlHost::present(const Image& frame)
+{
+    if (outdated_) {
+        keepChangedRows(frame);
+        redraw();
+        return;
+    }
+    const Rows changed = keepChangedRows(frame);
+    if (changed.first < changed.last) {
+        showRows(changed);
+    }
+}
+
+// Most frames of a game equal the one before or differ in a few rows; only those go to the display.
+SdlHost::Rows SdlHost::keepChangedRows(const Image& frame)
+{
+    Rows rows{0, screenHeight};
+    while (rows.first < rows.last && sameRow(frame, shown_, rows.first)) {
+        ++rows.first;
+    }
+    while (rows.first < rows.last && sameRow(frame, shown_, rows.last - 1)) {
+        --rows.last;
+    }
+    for (int y = rows.first; y < rows.last; ++y) {
+        std::copy_n(frame.row(y), screenWidth, shown_.row(y));
+    }
+    return rows;
+}
+
+SDL_Surface* SdlHost::drawnSurface()
+{
+    SDL_Surface* const surface = SDL_GetWindowSurface(window_.get());
+    if (surface == nullptr || hasOurPixels(*surface)) {
+        return surface;
+    }
+    if (!staging_ || staging_->w != surface->w || staging_->h != surface->h) {
+        staging_.reset(
+            SDL_CreateRGBSurfaceWithFormat(0, surface->w, surface->h, 32, SDL_PIXELFORMAT_XRGB8888));
+    }
+    return staging_.get();
+}
+
+void SdlHost::showRows(Rows rows)
+{
+    SDL_Surface* const drawn = drawnSurface();
+    if (drawn == nullptr) {
+        return;
+    }
+    const Target target = targetOf(*drawn);
+    const Placement place = centred(screenArea, target.size);
+    drawEnlarged(shown_, rows.first, rows.last, target, place);
+    const int top = std::max(place.top + rows.first * place.factor, 0);
+    const int bottom = std::min(place.top + rows.last * place.factor, target.size.height);
+    SDL_Rect band{0, top, target.size.width, bottom - top};
+    if (drawn == staging_.get()) {
+        SDL_BlitSurface(drawn, &band, SDL_GetWindowSurface(window_.get()), &band);
+    }
+    SDL_UpdateWindowSurfaceRects(window_.get(), &band, 1);
+}
+
+// Everything, with the border round the picture.
+void SdlHost::redraw()
+{
+    SDL_Surface* const drawn = drawnSurface();
+    if (drawn == nullptr) {
+        return;
+    }
+    SDL_FillRect(drawn, nullptr, 0);
+    if (drawn == staging_.get()) {
+        SDL_FillRect(SDL_GetWindowSurface(window_.get()), nullptr, 0);
+    }
+    showRows({0, screenHeight});
+    SDL_UpdateWindowSurface(window_.get());
+    outdated_ = false;
+}
+
+void SdlHost::pumpEvents()
+{
+    SDL_Event event;
+    while (SDL_PollEvent(&event) != 0) {
+        handle(event);
+    }
+    if (outdated_) {
+        redraw();
+    }
+}
+
+void SdlHost::handle(const SDL_Event& event)
+{
+    if (event.type == SDL_QUIT) {
+        askToClose();
+    } else if (event.type == SDL_WINDOWEVENT) {
+        outdated_ = outdated_ || event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED ||
+                    event.window.event == SDL_WINDOWEVENT_EXPOSED;
+    } else {
+        input_.handle(event);
+    }
+}
+
+void SdlHost::askToClose()
+{
+    // The script is told to end. Should it find a way not to, the process ends all the same.
+    constexpr std::chrono::milliseconds patience{1500};
+    if (!closeAsked_) {
+        endProcessAfter(patience, EXIT_SUCCESS);
+    }
+    closeAsked_ = true;
+}
+
+bool SdlHost::hasViewer() const
+{
+    const std::string_view driver = SDL_GetCurrentVideoDriver();
+    return driver != "dummy" && driver != "offscreen";
+}
+
+Instant SdlHost::now()
+{
+    return std::chrono::steady_clock::now() - start_;
+}
+
+void SdlHost::sleepUntil(Instant when)
+{
+    std::this_thread::sleep_until(start_ + when);
+}
+
+} // namespace player

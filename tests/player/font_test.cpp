@@ -1,0 +1,70 @@
+#include "player/code_page.h"
+#include "player/font.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace player::testing
+{
+namespace
+{
+
+std::string between(int first, int last)
+{
+    std::string text;
+    for (int byte = first; byte <= last; ++byte) {
+        text += static_cast<char>(byte);
+    }
+    return text;
+}
+
+TEST(Font, HasADifferentShapeForEachLetter)
+{
+    const std::string letters = between('0', '9') + between('A', 'Z') + between('a', 'z') +
+                                between(0xC0, 0xFF) + cp1252FromUtf8("ŒœŠšŽžŸ€«»?!.,;:'\"()");
+    std::map<std::array<std::uint8_t, 8>, std::string> shapes;
+    for (const char letter : letters) {
+        const std::string shown = utf8From1252(std::string(1, letter));
+        const auto [other, isNew] = shapes.emplace(glyphOf(letter), shown);
+        EXPECT_TRUE(isNew) << shown << " looks like " << other->second;
+    }
+}
+
+TEST(Font, LeavesOnlyBlanksBlank)
+{
+    const std::string blank = between(0, 0x20) + "\x7F\x81\x8D\x8F\x90\x9D\xA0";
+    for (const char letter : between(0, 255)) {
+        const bool isBlank = glyphOf(letter) == std::array<std::uint8_t, 8>{};
+        EXPECT_EQ(isBlank, blank.find(letter) != std::string::npos) << (static_cast<unsigned>(letter) & 255U);
+    }
+}
+
+TEST(Font, DrawsEachCharacterInItsCell)
+{
+    Image image(24, 24);
+    const Pixel colour = makePixel(9, 9, 9);
+    drawText(image, 8, 8, "_\n_", colour);
+    // The underline fills the last row of its cell.
+    EXPECT_EQ(image.pixel(8, 15), colour);
+    EXPECT_EQ(image.pixel(15, 15), colour);
+    EXPECT_EQ(image.pixel(8, 23), colour);
+    EXPECT_EQ(image.pixel(7, 15), transparent);
+    EXPECT_EQ(image.pixel(16, 15), transparent);
+    EXPECT_EQ(image.pixel(8, 14), transparent);
+}
+
+TEST(Font, CutsTextAtTheEdges)
+{
+    Image image(8, 8);
+    const Pixel colour = makePixel(9, 9, 9);
+    drawText(image, -20, 0, "____", colour);
+    EXPECT_EQ(image.pixel(7, 7), colour);
+    drawText(image, coordinate(-1e300), coordinate(1e300), "____", colour);
+    drawText(image, coordinate(1e300), coordinate(-1e300), "____", colour);
+    EXPECT_EQ(image.pixel(0, 0), transparent);
+}
+
+} // namespace
+} // namespace player::testing

@@ -1,0 +1,207 @@
+#include "tests/player/harness.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace player::testing
+{
+namespace
+{
+
+// A project of one script.
+class Game
+{
+public:
+    explicit Game(const std::string& script) { folder_.write("index.lua", script); }
+
+    PlayerRun start() const { return PlayerRun(folder_.path()); }
+    const TempFolder& folder() const { return folder_; }
+
+private:
+    TempFolder folder_;
+};
+
+// The value of a global that a script leaves when it ends.
+std::string resultOf(const std::string& script)
+{
+    const Game game(script);
+    PlayerRun run(game.folder().path());
+    EXPECT_EQ(run.play(600), Outcome::Ended) << run.error();
+    return run.value("result");
+}
+
+TEST(Script, EndsAndKeepsItsState)
+{
+    const Game game("x = 0 for i = 1, 5 do x = x + i screen.waitVblankStart() screen.flip() end");
+    PlayerRun run(game.folder().path());
+    run.watch(3, "x");
+    EXPECT_EQ(run.play(100), Outcome::Ended) << run.error();
+    EXPECT_EQ(run.value("x"), "15");
+    EXPECT_EQ(run.watched(3, "x"), "6");
+    EXPECT_EQ(run.presented(), 5);
+}
+
+TEST(Script, StartsFromTheToolsFolderLikeATestRun)
+{
+    const TempFolder folder;
+    folder.write("index.lua", "System.currentDirectory(\"projets/For\xEAt\")\r\ndofile(\"index.lua\")\r\n");
+    folder.write("projets/Forêt/index.lua", "dofile('map.lua') result = place .. dofile('sub/more.lua')");
+    folder.write("projets/Forêt/map.lua", "place = 'wood'");
+    folder.write("projets/Forêt/sub/more.lua", "return 'land', 2");
+    PlayerRun run(folder.path());
+    EXPECT_EQ(run.play(10), Outcome::Ended) << run.error();
+    EXPECT_EQ(run.value("result"), "woodland");
+}
+
+TEST(Script, TellsWhatWentWrongAndWhere)
+{
+    struct Case {
+        const char* script;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"local x = = 1", "index.lua:1: unexpected symbol near '='"},
+        {"\n\nlocal t t.x = 1", "index.lua:3: attempt to index local 't' (a nil value)"},
+        {"\nerror('told')", "index.lua:2: told"},
+        {"error('a: b:c: text', 0)", "index.lua:1: a: b:c: text"},
+        {"\nerror({})", "index.lua:2: the error is not a text but a value of type table"},
+        {"\n\nerror()", "index.lua:3: the error is not a text but a value of type nil"},
+        {"\nlocal function f() return 1 + f() end f()", "index.lua:2: stack overflow"},
+        {"\nlocal t = {} while true do t[#t + 1] = {} end",
+         "index.lua:2: not enough memory: a script may take 64 MB"},
+        {"\nlocal s = 'x' while true do s = s .. s end",
+         "index.lua:2: not enough memory: a script may take 64 MB"},
+        {"\nImage.load('images/none.png')", "index.lua:2: images/none.png: No such file or directory"},
+        {"\nImage.load('index.lua')", "index.lua:2: index.lua: is not a whole PNG or JPEG picture"},
+        {"\nImage.createEmpty(4097, 1)",
+         "index.lua:2: bad argument #1 to 'createEmpty' (an image is 1 to 4096 pixels wide)"},
+        {"\nscreen:blit(1, 2, nil)", "index.lua:2: bad argument #3 to 'blit' (Image expected, got nil)"},
+        {"\nImage.createEmpty(1, 1).width(Color.new(1, 2, 3))",
+         "index.lua:2: bad argument #1 to 'width' (Image expected, got userdata)"},
+        {"\ndofile('gone.lua')", "index.lua:2: gone.lua: No such file or directory"},
+        {"\nSystem.currentDirectory('..')", "index.lua:2: ..: lies outside the project folder"},
+    };
+    for (const Case& c : cases) {
+        const Game game(c.script);
+        PlayerRun run(game.folder().path());
+        EXPECT_EQ(run.play(600), Outcome::Failed) << c.script;
+        // Lua adds to its own messages about the stack.
+        EXPECT_EQ(run.error().substr(0, std::string(c.error).size()), c.error);
+    }
+}
+
+TEST(Script, TracesAnErrorThroughItsFiles)
+{
+    const TempFolder folder;
+    folder.write("index.lua", "dofile('walk.lua')\nfunction go()\n  step() end\ngo()");
+    folder.write("walk.lua", "function step()\n\n  local n = nil + 1 end");
+    PlayerRun run(folder.path());
+    EXPECT_EQ(run.play(10), Outcome::Failed);
+    const std::vector<std::string> trace = {"walk.lua:3: in function 'step'", "index.lua:3: in function 'go'",
+                                            "index.lua:4: in the script itself"};
+    EXPECT_EQ(run.report().trace, trace);
+    EXPECT_EQ(run.report().file, "walk.lua");
+    EXPECT_EQ(run.report().line, 3);
+}
+
+TEST(Script, FailsWithoutItsFirstFile)
+{
+    const TempFolder folder;
+    PlayerRun run(folder.path());
+    EXPECT_EQ(run.play(10), Outcome::Failed);
+    EXPECT_EQ(run.error(), "index.lua: No such file or directory");
+}
+
+TEST(Script, IsClosedWhateverItDoes)
+{
+    const char* const scripts[] = {
+        "while true do end",
+        "while true do pcall(function() while true do end end) end",
+        "while true do screen.waitVblankStart() end",
+        "screen.waitVblankStart(1e300)",
+        "while true do while not Controls.read():cross() do end end",
+        "while true do screen.flip() end",
+        "while true do coroutine.wrap(function() while true do pcall(screen.waitVblankStart) end end)() end",
+        "while true do xpcall(function() while true do end end, function() return 1 end) end",
+        "local t = setmetatable({}, {__index = function() while true do end end}) local x = t.x",
+    };
+    for (const char* script : scripts) {
+        const Game game(script);
+        PlayerRun run(game.folder().path());
+        EXPECT_EQ(run.play(3), Outcome::Closed) << script << ": " << run.error();
+        EXPECT_LE(run.frame(), 4) << script;
+    }
+}
+
+TEST(Script, GetsNothingThatLeavesTheMachine)
+{
+    for (const char* name : {"package", "require", "module", "debug", "newproxy", "os.execute", "os.exit",
+                             "os.getenv", "os.remove", "os.rename", "os.tmpname", "os.setlocale", "io.popen",
+                             "io.tmpfile", "io.input", "io.output", "string.dump"}) {
+        EXPECT_EQ(resultOf("result = " + std::string(name)), "nil") << name;
+    }
+    for (const char* object : {"screen", "Controls.read()", "Timer.new()", "Color.new(0, 0, 0)",
+                               "Image.createEmpty(1, 1)", "io.open('index.lua')"}) {
+        EXPECT_EQ(resultOf("result = type(getmetatable(" + std::string(object) + "))"), "string") << object;
+        EXPECT_EQ(resultOf("result = pcall(setmetatable, " + std::string(object) + ", {})"), "false")
+            << object;
+    }
+}
+
+TEST(Script, RunsNoCompiledCode)
+{
+    const TempFolder folder;
+    folder.write("compiled.lua", "\x1BLuaQ");
+    folder.write("index.lua", R"(
+        local code = "\27LuaQ"
+        local sent = false
+        local function pieces() if not sent then sent = true return code end end
+        local a, b = loadstring(code)
+        local c, d = load(pieces)
+        local e, f = loadfile("compiled.lua")
+        local g, h = pcall(dofile, "compiled.lua")
+        result = table.concat({tostring(a), b, tostring(c), d, tostring(e), f, tostring(g), h}, "|"))");
+    PlayerRun run(folder.path());
+    EXPECT_EQ(run.play(10), Outcome::Ended) << run.error();
+    EXPECT_EQ(run.value("result"), "nil|compiled Lua is not run|nil|index.lua:6: compiled Lua is not run|"
+                                   "nil|compiled.lua: compiled Lua is not run|"
+                                   "false|compiled.lua: compiled Lua is not run");
+}
+
+TEST(Script, LoadsSourceInEveryWay)
+{
+    EXPECT_EQ(resultOf("result = loadstring('return 1 + 1')()"), "2");
+    EXPECT_EQ(resultOf("result = select(2, loadstring('=', '@mine'))"), "mine:1: unexpected symbol near '='");
+    EXPECT_EQ(resultOf("local t = {'return ', '4', '2'} "
+                       "result = load(function() return table.remove(t, 1) end)()"),
+              "42");
+    EXPECT_EQ(resultOf("result = select(2, load(function() return {} end))"),
+              "index.lua:1: the function must return strings");
+    EXPECT_EQ(resultOf("result = type(loadfile('index.lua'))"), "function");
+    EXPECT_EQ(resultOf("result = select(2, loadfile('gone.lua'))"), "gone.lua: No such file or directory");
+}
+
+TEST(Script, CannotUseUpTheStackByAPattern)
+{
+    for (const char* call : {"string.find(s, p)", "string.match(s, p)", "string.gmatch(s, p)()",
+                             "string.gsub(s, p, '', 5)", "s:find(p, 1, false)"}) {
+        const std::string script = "local s, p = ('a'):rep(1000000), ('a?'):rep(500000) "
+                                   "result = select(2, pcall(function() return " +
+                                   std::string(call) + " end))";
+        EXPECT_NE(resultOf(script).find("the pattern is too long"), std::string::npos) << call;
+    }
+    EXPECT_EQ(resultOf("local s = ('a'):rep(5000) result = s:find(s, 1, true)"), "1");
+    EXPECT_EQ(resultOf("result = ('one two'):gsub('%w+', '<%0>')"), "<one> <two>");
+}
+
+TEST(Script, LivesCloseToItsMemoryLimit)
+{
+    // 40 MB are kept while as much as the limit goes through.
+    EXPECT_EQ(resultOf("local kept = {} for i = 1, 40 do kept[i] = ('x'):rep(1000000) .. i end "
+                       "for i = 1, 1000 do local s = ('y'):rep(64000) .. i end result = #kept"),
+              "40");
+}
+
+} // namespace
+} // namespace player::testing
