@@ -40,7 +40,8 @@ Mainform::Mainform()
     area_->setObjectName("WorkArea"_L1);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    area_->setActivationOrder(QMdiArea::ActivationHistoryOrder); // a closed view gives way to the one before it
+    area_->setActivationOrder(
+        QMdiArea::ActivationHistoryOrder); // a closed view gives way to the one before it
     area_->viewport()->installEventFilter(this);
     setCentralWidget(area_);
     QAction* menu = menuBar()->addAction(u"Menu"_s, this, &Mainform::Menu_Click);

@@ -1,0 +1,49 @@
+/// Answers the modal boxes of the program in the order that a test lays down beforehand.
+#pragma once
+
+#include <deque>
+#include <QObject>
+#include <string>
+
+class QDialog;
+
+/// A box that differs from the next one awaited, one that nobody awaits and one that never comes fail the
+/// test; none of them makes it wait: every box is closed.
+class Answers : public QObject
+{
+public:
+    enum class Reply { Ok, Yes, No, Cancel, Enter, Escape, CloseBox };
+
+    Answers();
+
+    // What is awaited next. Texts are UTF-8, lines in them end with "\n".
+    /// A message without icon, answered with OK.
+    void message(const std::string& text);
+    /// A message with the stop icon, answered with OK.
+    void stop(const std::string& text);
+    /// Any message box, given as describe() tells it.
+    void box(const std::string& description, Reply reply);
+    void question(const std::string& text, Reply reply);
+    /// An input box; the answer is pasted.
+    void line(const std::string& prompt, const std::string& answer, Reply reply = Reply::Ok);
+    void line(const std::string& prompt, Reply reply);
+
+    /// Fails the test for each box still awaited, and awaits none any more.
+    void allCame();
+
+private:
+    struct Awaited {
+        std::string description;
+        Reply reply = Reply::Ok;
+        std::string typed;
+    };
+
+    void look();
+    void answer();
+
+    std::deque<Awaited> awaited_;
+    bool answering_ = false;
+};
+
+/// A box in one text: icon, title, text, an input box's preset, its buttons in the order of the alphabet.
+std::string describe(const QDialog& dialog);
