@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 int main(int count, char** arguments)
 {
     constexpr int fontPoints = 9;
+    platform::failOversizedWrites();
     QApplication application(count, arguments);
     QApplication::setApplicationDisplayName({});
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));

@@ -22,7 +22,7 @@ public:
         : folder_(path)
     {
         std::vector<std::string> names;
-        listed_ = !folder_.list(names);
+        listed_ = !folder_.isOpen() || !folder_.list(names); // no folder, no names
         names_.insert(names.begin(), names.end());
     }
 

@@ -1,8 +1,7 @@
 #include "maps/tilepictures.h"
 
-#include "toolkit/paths.h"
-
 #include <map>
+#include <QBuffer>
 #include <QImageReader>
 
 namespace
@@ -11,9 +10,15 @@ namespace
 QImage loaded(const Path& path)
 {
     constexpr int largest = 1024;
-    QImageReader reader(qtPath(path));
+    std::string bytes;
+    if (platform::readFile(path, bytes)) {
+        return {}; // what the store would not read (a pipe, say) is no picture either
+    }
+    QByteArray content = QByteArray::fromStdString(bytes);
+    QBuffer buffer(&content);
+    QImageReader reader(&buffer);
     const QSize size = reader.size();
-    if (path.empty() || size.width() > largest || size.height() > largest) {
+    if (size.width() > largest || size.height() > largest) {
         return {};
     }
     return reader.read().convertToFormat(QImage::Format_RGB32);

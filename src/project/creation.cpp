@@ -52,10 +52,12 @@ Path below(const Path& folder, std::string_view relative)
     return folder / DiskName(relative);
 }
 
-/// The system's words for a failure, with the file or folder that it is about.
+/// The system's words for a failure, with the file or folder that it is about; a name beyond reason is cut.
 std::string description(const std::error_code& failure, std::string_view about)
 {
-    return AnsiFromUtf8(failure.message()) + " (" + std::string(about) + ")";
+    constexpr std::size_t longestShown = 100;
+    const std::string name(about.substr(0, longestShown));
+    return AnsiFromUtf8(failure.message()) + " (" + name + (about.size() > longestShown ? "...)" : ")");
 }
 
 void writeDescriptor(const Path& project, std::string_view name, std::string_view author)

@@ -13,6 +13,10 @@ using Path = std::filesystem::path;
 namespace platform
 {
 
+/// To be called once, at the program's start: a write beyond the largest file that the user may make fails
+/// from then on, as on a full disk, where the system would end the program.
+void failOversizedWrites();
+
 /// Reads a whole regular file of at most 256 MB into `content`.
 ///
 /// Failure: the reason; `content` is then empty. Folders, pipes and devices are not read.
@@ -39,6 +43,9 @@ public:
     ~Folder();
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
+
+    /// False when the folder is missing or may not be entered.
+    bool isOpen() const { return descriptor_ >= 0; }
 
     /// The names in the folder, in no order. Failure: the reason; `names` is then empty.
     std::error_code list(std::vector<std::string>& names) const;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
@@ -153,6 +154,11 @@ bool keepOwnerAndMode(int descriptor, const struct stat& old)
 }
 
 } // namespace
+
+void failOversizedWrites()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+}
 
 std::error_code readFile(const Path& path, std::string& content)
 {

@@ -2,6 +2,8 @@
 
 #include "toolkit/metrics.h"
 
+#include <algorithm>
+#include <bit>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -22,10 +24,29 @@ PressLabel::PressLabel(QWidget* parent)
 {
     setTextFormat(Qt::PlainText);
     setCursor(Qt::PointingHandCursor);
+    setMouseTracking(true);
 }
 
-void PressLabel::mousePressEvent(QMouseEvent*)
+/// Makes up for releases that never came: the press may have made another view active, whose message box took
+/// them.
+void PressLabel::settle(int buttonsDown)
 {
+    while (buttonsDown_ > buttonsDown) {
+        --buttonsDown_;
+        Q_EMIT released();
+    }
+}
+
+void PressLabel::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons() == Qt::NoButton) {
+        settle(0);
+    }
+}
+
+void PressLabel::mousePressEvent(QMouseEvent* event)
+{
+    settle(std::max(0, std::popcount(static_cast<unsigned>(event->buttons())) - 1));
     ++buttonsDown_;
     secondPress_ = false;
     Q_EMIT pressed();

@@ -40,6 +40,7 @@ void LineList::setLines(const std::vector<std::string>& lines)
 std::vector<std::string> LineList::lines() const
 {
     std::vector<std::string> result;
+    result.reserve(static_cast<std::size_t>(count()));
     for (int row = 0; row < count(); ++row) {
         result.push_back(line(row));
     }
