@@ -113,7 +113,7 @@ TEST(SdlInput, TakesTheLeftStickForTheDirections)
     input.handle(stickEvent(SDL_CONTROLLER_AXIS_RIGHTX, 30000));
     EXPECT_EQ(input.take(), button::left | button::down);
     input.handle(stickEvent(SDL_CONTROLLER_AXIS_LEFTX, 30000));
-    input.handle(stickEvent(SDL_CONTROLLER_AXIS_LEFTY, 3000));
+    input.handle(stickEvent(SDL_CONTROLLER_AXIS_LEFTY, -3000));
     input.take();
     EXPECT_EQ(input.take(), button::right);
 }

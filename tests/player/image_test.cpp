@@ -73,6 +73,7 @@ TEST(Blend, FollowsTheAlphas)
         {0xFE000000, 0xFFFFFFFF, 0xFF010101}, // the last step is not lost
         {0x80FF0000, 0x00FFFFFF, 0x80FF0000}, // the colour of nothing does not shine through
         {0x800000FF, 0x80FF0000, 0xC05500AA}, // two halves
+        {0x80101010, 0x40000000, 0xA00D0D0D}, // rounded to the nearest
     };
     for (const Case& c : cases) {
         EXPECT_EQ(blend(c.over, c.under), c.mixed) << std::hex << c.over << " on " << c.under;

@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QStringList>
 #include <QTest>
-#include <QTimer>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -88,9 +87,9 @@ std::string describe(const QDialog& dialog)
 
 Answers::Answers()
 {
-    auto* timer = new QTimer(this);
-    connect(timer, &QTimer::timeout, this, &Answers::look);
-    timer->start(lookInterval);
+    look_.setSingleShot(true);
+    connect(&look_, &QTimer::timeout, this, &Answers::look);
+    look_.start(lookInterval);
 }
 
 void Answers::message(const std::string& text)
@@ -132,37 +131,31 @@ void Answers::allCame()
     awaited_.clear();
 }
 
-/// The answer is given outside this timer's own turn: a timer does not tick while its handler runs, and an
-/// answer may lead to the next box.
 void Answers::look()
 {
-    if (!answering_ && QApplication::activeModalWidget() != nullptr) {
-        answering_ = true;
-        QTimer::singleShot(0, this, &Answers::answer);
+    look_.start(lookInterval); // first, for an answer may lead to the next box, which waits within this call
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog != nullptr) {
+        answer(*dialog);
     }
 }
 
-void Answers::answer()
+void Answers::answer(QDialog& dialog)
 {
-    answering_ = false;
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr) {
-        return;
-    }
     if (awaited_.empty()) {
-        ADD_FAILURE() << "nobody awaits: " << describe(*dialog);
-        dialog->reject();
+        ADD_FAILURE() << "nobody awaits: " << describe(dialog);
+        dialog.reject();
         return;
     }
     const Awaited next = awaited_.front();
     awaited_.pop_front();
-    if (describe(*dialog) != next.description) {
-        ADD_FAILURE() << "awaited: " << next.description << "\ncame:    " << describe(*dialog);
-        dialog->reject();
+    if (describe(dialog) != next.description) {
+        ADD_FAILURE() << "awaited: " << next.description << "\ncame:    " << describe(dialog);
+        dialog.reject();
         return;
     }
     if (!next.typed.empty()) {
-        paste(*dialog, next.typed);
+        paste(dialog, next.typed);
     }
-    reply(*dialog, next.reply);
+    reply(dialog, next.reply);
 }

@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <QObject>
+#include <QTimer>
 #include <string>
 
 class QDialog;
@@ -39,10 +40,10 @@ private:
     };
 
     void look();
-    void answer();
+    void answer(QDialog& dialog);
 
     std::deque<Awaited> awaited_;
-    bool answering_ = false;
+    QTimer look_;
 };
 
 /// A box in one text: icon, title, text, an input box's preset, its buttons in the order of the alphabet.

@@ -177,6 +177,7 @@ std::vector<std::string> lines(const QWidget& within, const char* name)
 {
     const auto& list = control<QListWidget>(within, name);
     std::vector<std::string> result;
+    result.reserve(static_cast<std::size_t>(list.count()));
     for (int row = 0; row < list.count(); ++row) {
         result.push_back(list.item(row)->text().toStdString());
     }
