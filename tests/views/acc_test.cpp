@@ -3,9 +3,11 @@
 #include "toolkit/paths.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMouseEvent>
 #include <QTest>
 #include <QUrl>
 
@@ -115,6 +117,31 @@ TEST_F(Welcome, APressedEntryMovesAsAWhole)
         }
     }
     EXPECT_TRUE(isShown("Acc"));
+}
+
+TEST_F(Welcome, AReleaseThatABoxTookIsMadeUpForAtTheNextMove)
+{
+    QWidget& label = control(view("Acc"), "Label3");
+    const QPoint at = label.pos();
+    QTest::mousePress(&label, Qt::LeftButton);
+    const QPointF inside(5, 5);
+    QMouseEvent move(QEvent::MouseMove, inside, label.mapToGlobal(inside), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(&label, &move);
+    EXPECT_EQ(label.pos(), at);
+    EXPECT_TRUE(isShown("Acc")) << "it is no click";
+    QTest::mouseRelease(&label, Qt::LeftButton, {}, {-50, -50});
+    EXPECT_EQ(label.pos(), at);
+}
+
+TEST_F(Welcome, ASecondButtonMovesAnEntryAndBack)
+{
+    QWidget& label = control(view("Acc"), "Label3");
+    const QPoint at = label.pos();
+    QTest::mousePress(&label, Qt::LeftButton);
+    QTest::mousePress(&label, Qt::RightButton);
+    QTest::mouseRelease(&label, Qt::RightButton);
+    QTest::mouseRelease(&label, Qt::LeftButton, {}, {-50, -50});
+    EXPECT_EQ(label.pos(), at);
 }
 
 TEST_F(Welcome, ABackgroundClickHidesItAndTheMenuBringsItBackToTheCorner)

@@ -1,6 +1,8 @@
 // Files that no program of this system wrote, and folders that vanish: nothing crashes, waits or is damaged.
 #include "program.h"
 
+#include <sys/stat.h>
+
 class BadInput : public Program
 {
 protected:
@@ -140,6 +142,16 @@ TEST_F(BadInput, AnEventOfAMegabyteWithoutALineEndIsNotLoaded)
     EXPECT_EQ(lines(map, "listev").size(), 0U);
     click(map, "Command20");
     EXPECT_TRUE(app.read("projets/demo/ev/map01/ev11") == junk);
+}
+
+TEST_F(BadInput, ATileThatIsAPipeIsNotWaitedFor)
+{
+    const Path pipe = app.at("data/images/terrains/terrain01/terrain02.JPG");
+    std::filesystem::remove(pipe);
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    openProject("demo");
+    awaitRedraw(view("mapeditor"));
+    EXPECT_TRUE(isShown("mapeditor"));
 }
 
 TEST_F(BadInput, AProjectThatVanishesUnderItsViewsIsNotMadeAgain)
