@@ -91,7 +91,7 @@ fs::path Sandbox::resolved(std::string_view path) const
 bool Sandbox::mayBeRoot(const fs::path& folder) const
 {
     std::error_code error;
-    return folder.parent_path() == fs::canonical(start_ / "projets", error) && !error;
+    return folder.parent_path() == fs::canonical(start_ / "projets", error);
 }
 
 bool Sandbox::isInside(const fs::path& file) const

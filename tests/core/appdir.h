@@ -18,17 +18,23 @@
 using Snapshot = std::map<std::string, std::string>;
 
 /// What differs between two snapshots, one line for each name; empty when nothing does.
-inline std::string Changes(Snapshot from, Snapshot to)
+inline std::string Changes(const Snapshot& from, const Snapshot& to)
 {
     std::string lines;
+    const auto add = [&lines](const std::string& name, const std::string& was, const std::string& is) {
+        lines.append(name).append(": ").append(was).append(" -> ").append(is).append("\n");
+    };
+    const auto quoted = [](const std::string& bytes) { return '"' + bytes + '"'; };
     for (const auto& [name, bytes] : to) {
-        const std::string old = from.contains(name) ? "\"" + from[name] + "\"" : "missing";
-        if (old != "\"" + bytes + "\"") {
-            lines += name + ": " + old + " -> \"" + bytes + "\"\n";
+        const auto old = from.find(name);
+        if (old == from.end() || old->second != bytes) {
+            add(name, old == from.end() ? "missing" : quoted(old->second), quoted(bytes));
         }
     }
     for (const auto& [name, bytes] : from) {
-        lines += to.contains(name) ? "" : name + ": \"" + bytes + "\" -> missing\n";
+        if (!to.contains(name)) {
+            add(name, quoted(bytes), "missing");
+        }
     }
     return lines;
 }

@@ -60,6 +60,7 @@ TEST(Font, CutsTextAtTheEdges)
     Image image(8, 8);
     const Pixel colour = makePixel(9, 9, 9);
     drawText(image, -20, 0, "____", colour);
+    EXPECT_EQ(image.pixel(0, 7), colour);
     EXPECT_EQ(image.pixel(7, 7), colour);
     drawText(image, coordinate(-1e300), coordinate(1e300), "____", colour);
     drawText(image, coordinate(1e300), coordinate(-1e300), "____", colour);

@@ -159,6 +159,13 @@ TEST(Picture, IsFreedWhenNothingHoldsIt)
               "done");
 }
 
+TEST(Picture, MakesRoomByFreeingWhatWasJustLetGo)
+{
+    EXPECT_EQ(resultOf("local a, b = Image.createEmpty(4096, 4096), Image.createEmpty(4096, 4096) a = nil "
+                       "local c = Image.createEmpty(4096, 4096) result = c:width()"),
+              "4096");
+}
+
 TEST(Picture, IsRefusedOverTheBudget)
 {
     EXPECT_EQ(resultOf("local t, ok, why = {} for i = 1, 40 do "

@@ -135,7 +135,8 @@ void Answers::look()
 {
     look_.start(lookInterval); // first, for an answer may lead to the next box, which waits within this call
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog != nullptr) {
+    // A box is modal before it is wholly shown, and takes no keys until one of its controls has the focus.
+    if (dialog != nullptr && dialog->isVisible() && dialog->focusWidget() != nullptr) {
         answer(*dialog);
     }
 }
