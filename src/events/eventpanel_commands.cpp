@@ -2,7 +2,6 @@
 #include "events/eventpanel.h"
 
 #include "maps/maplist.h"
-#include "store/numbers.h"
 #include "toolkit/boxes.h"
 #include "toolkit/scrollbar.h"
 #include "toolkit/text.h"
@@ -20,7 +19,7 @@ void EventPanel::Command8_Click()
 
 void EventPanel::Command12_Click()
 {
-    const auto frames = WholeNumber16(typed(inputBox(this, u"Type the time frame"_s)), localeMarks());
+    const auto frames = typedNumber(inputBox(this, u"Type the time frame"_s));
     if (!frames) {
         messageBox(this, u"Incorrect Value!"_s, BoxIcon::Stop);
         return;

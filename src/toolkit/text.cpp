@@ -1,8 +1,38 @@
 #include "toolkit/text.h"
 
 #include "store/codepage.h"
+#include "store/numbers.h"
 
 #include <QLocale>
+
+namespace
+{
+
+// What some locales write in numbers though the code page lacks it, and what stands for it.
+constexpr QChar narrowBlank(0x202F);
+constexpr QChar noBreakBlank(0x00A0);
+constexpr QChar minusSign(0x2212);
+
+/// The bytes of a locale's mark; empty when the code page lacks it.
+std::string markBytes(QString mark)
+{
+    const std::string bytes = typed(mark.replace(narrowBlank, noBreakBlank));
+    return bytes.find('?') == std::string::npos ? bytes : std::string();
+}
+
+NumberMarks localeMarks()
+{
+    const QLocale locale = QLocale::system();
+    const std::string decimal = markBytes(locale.decimalPoint());
+    const std::string group = markBytes(locale.groupSeparator());
+    NumberMarks marks;
+    marks.decimal = decimal.empty() ? marks.decimal : decimal.front();
+    marks.group = group.empty() ? '\0' : group.front();
+    marks.currency = markBytes(locale.currencySymbol());
+    return marks;
+}
+
+} // namespace
 
 QString shown(std::string_view ansi)
 {
@@ -20,16 +50,8 @@ QString shortened(const QString& text)
     return text.size() <= longest ? text : text.left(longest) + QChar(0x2026);
 }
 
-NumberMarks localeMarks()
+std::optional<int> typedNumber(QString text)
 {
-    const QLocale locale = QLocale::system();
-    const std::string decimal = typed(locale.decimalPoint());
-    const std::string group = typed(locale.groupSeparator());
-    NumberMarks marks;
-    marks.decimal = decimal.empty() ? marks.decimal : decimal.front();
-    // A narrow blank has no byte of its own: people type a blank for it.
-    marks.group = group.empty()                                     ? '\0'
-                  : group.front() == '?' || group.front() == '\xA0' ? ' '
-                                                                    : group.front();
-    return marks;
+    return WholeNumber16(typed(text.replace(narrowBlank, noBreakBlank).replace(minusSign, u'-')),
+                         localeMarks());
 }

@@ -1,8 +1,7 @@
 /// The edge between the core's text (Windows-1252 bytes) and the toolkit's strings.
 #pragma once
 
-#include "store/numbers.h"
-
+#include <optional>
 #include <QString>
 #include <string>
 #include <string_view>
@@ -20,5 +19,5 @@ std::string typed(const QString& text);
 /// A text short enough to be shown at once; a longer one is cut and ends with "…".
 QString shortened(const QString& text);
 
-/// The decimal and group marks of the user's locale.
-NumberMarks localeMarks();
+/// The whole number that an author typed (see WholeNumber16), read as the user's locale writes numbers.
+std::optional<int> typedNumber(QString text);

@@ -8,99 +8,241 @@
 namespace
 {
 
-struct Case {
+constexpr std::optional<int> no;
+
+struct Row {
     std::string_view text;
     std::optional<int> number;
+    std::string_view why;
 };
+
+void expectRead(const std::vector<Row>& rows, const NumberMarks& marks = {'.', ',', "$"})
+{
+    for (const auto& [text, number, why] : rows) {
+        EXPECT_EQ(WholeNumber16(text, marks), number) << text << ": " << why;
+    }
+}
 
 } // namespace
 
 TEST(Count, IsAWholeNumberFrom0To32767)
 {
-    const std::vector<Case> cases = {
-        {"0", 0},
-        {"02", 2},
-        {"12", 12},
-        {" \t7 ", 7},
-        {"0000000000000000000009", 9},
-        {"32767", 32767},
-        {"32768", {}},
-        {"99999999999999999999", {}},
-        {"", {}},
-        {"  ", {}},
-        {"-1", {}},
-        {"+1", {}},
-        {"1.0", {}},
-        {"1 2", {}},
-        {"1e3", {}},
-        {"0x10", {}},
-        {"2a", {}},
-        {"\xB2", {}}, // a raised two
-        {std::string_view("1\0", 2), {}},
+    const std::vector<Row> rows = {
+        {"0", 0, "least"},
+        {"02", 2, "as map counts are written"},
+        {" \t7 ", 7, "blanks around"},
+        {"0000000000000000000009", 9, "leading zeros"},
+        {"32767", 32767, "largest"},
+        {"32768", no, "one more"},
+        {"65536", no, "nor once around"},
+        {"99999999999999999999", no, "beyond any integer"},
+        {"", no, "nothing"},
+        {"  ", no, "blanks alone"},
+        {"-1", no, "counts have no sign"},
+        {"+1", no, "nor this one"},
+        {"1.0", no, "nor a fraction"},
+        {"1 2", no, "blank within"},
+        {"1e3", no, "exponent"},
+        {"&H1", no, "bits"},
+        {"2a", no, "letter"},
+        {"\xB2", no, "raised two"},
+        {std::string_view("1\0", 2), no, "zero byte"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(CountFrom(c.text), c.number) << c.text;
+    for (const auto& [text, number, why] : rows) {
+        EXPECT_EQ(CountFrom(text), number) << text << ": " << why;
     }
 }
 
-TEST(WholeNumber, IsReadAsAPersonTypesIt)
+TEST(WholeNumber, HasDigitsWithMarksAndAnExponent)
 {
-    const std::vector<Case> cases = {
-        {"7", 7},
-        {"  7\t", 7},
-        {"-3", -3},
-        {"+3", 3},
-        {"- 3", -3},
-        {"007", 7},
-        {"1,234", 1234},
-        {"32767", 32767},
-        {"-32768", -32768},
-        {"1e3", 1000},
-        {"1E+3", 1000},
-        {"1500e-2", 15},
-        {".25e2", 25},
-        {"5.", 5},
-        {"0e99999999999999999999", 0},
-        {"1e-99999999999999999999", 0},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(WholeNumber16(c.text), c.number) << c.text;
-    }
-    EXPECT_EQ(WholeNumber16("1" + std::string(100, '0') + "e-100"), 1);
+    expectRead({
+        {"7", 7, "a digit"},
+        {"007", 7, "leading zeros"},
+        {"  7\t", 7, "blanks around"},
+        {"\v\f\xA0"
+         "7\r\n\xA0",
+         7, "every blank there is"},
+        {"32767", 32767, "largest"},
+        {"32768", no, "one more"},
+        {"-32768", -32768, "least"},
+        {"-32769", no, "one less"},
+        {"40000", no, "five digits too many"},
+        {"100000", no, "six digits"},
+        {"5.", 5, "mark without fraction"},
+        {".25e2", 25, "fraction alone"},
+        {".", no, "mark alone"},
+        {"1.2.3", no, "two marks"},
+        {"1,234", 1234, "thousands"},
+        {"1,2,3", 123, "groups of any length"},
+        {"1,,2", 12, "groups of none"},
+        {"12,", 12, "group mark behind the last digit"},
+        {",5", no, "group mark before the first digit"},
+        {"1.5,0", no, "group mark in the fraction"},
+        {"1e3", 1000, "exponent"},
+        {"1E+3", 1000, "with a sign"},
+        {"1500e-2", 15, "negative"},
+        {"1d3", 1000, "exponent of double precision"},
+        {"1D3", 1000, "likewise"},
+        {"1e5", no, "too large"},
+        {"1e400", no, "beyond doubles"},
+        {"1e-400", 0, "below doubles"},
+        {"1e99999999999999999999", no, "exponent beyond integers"},
+        {"1e-99999999999999999999", 0, "likewise"},
+        {"0e99999999999999999999", 0, "zero all the same"},
+        {"1e", no, "exponent without digits"},
+        {"1e+", no, "sign alone"},
+        {"e3", no, "exponent alone"},
+        {"1e3.0", no, "fraction of an exponent"},
+        {"1 e3", no, "blank before it"},
+        {"1f3", no, "no such letter"},
+        {"", no, "nothing"},
+        {" ", no, "blanks alone"},
+        {"\xA0", no, "likewise"},
+        {"abc", no, "letters"},
+        {"7x", no, "letter behind"},
+        {"1 2", no, "blank within, no group mark here"},
+        {"\xB2", no, "raised two"},
+        {std::string_view("7\0", 2), no, "zero byte"},
+        {"1/2", no, "no calculation"},
+    });
 }
 
-TEST(WholeNumber, AFractionIsRoundedAndAnExactHalfGoesToTheEvenNeighbour)
+TEST(WholeNumber, HasOneSignBeforeOrBehind)
 {
-    const std::vector<Case> cases = {
-        {"2.5", 2},           {"3.5", 4},      {"-2.5", -2},        {"-3.5", -4},
-        {"0.5", 0},           {"1.5", 2},      {"2.4999999999", 2}, {"2.50000000000000000001", 3},
-        {"9.5", 10},          {"99.51", 100},  {"25e-1", 2},        {"35e-1", 4},
-        {"0.05e1", 0},        {"0.051e1", 1},  {"0.09", 0},         {"32767.4999", 32767},
-        {"-32768.5", -32768}, {"32767.5", {}}, {"-32768.51", {}},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(WholeNumber16(c.text), c.number) << c.text;
-    }
+    expectRead({
+        {"-3", -3, "minus"},
+        {"+3", 3, "plus"},
+        {"- 3", -3, "blank between"},
+        {"3-", -3, "minus behind"},
+        {"3 -", -3, "blank between"},
+        {"3+", 3, "plus behind"},
+        {"1e3-", -1000, "behind the exponent"},
+        {"--3", no, "two"},
+        {"-3-", no, "one on each side"},
+        {"+3-", no, "likewise"},
+        {"-", no, "sign alone"},
+        {"-0", 0, "zero has none"},
+        {"(3)", -3, "parentheses mean minus"},
+        {" ( 3 ) ", -3, "blanks everywhere"},
+        {"(3", no, "not closed"},
+        {"3)", no, "not opened"},
+        {"((3))", no, "twice"},
+        {"(3))", no, "closed twice"},
+        {"()", no, "no digits"},
+        {"(-3)", no, "parentheses and a sign"},
+        {"-(3)", no, "likewise"},
+        {"(3)-", no, "likewise"},
+        {"(3-)", no, "likewise"},
+        {"(32768)", -32768, "least"},
+    });
 }
 
-TEST(WholeNumber, EverythingElseIsRefused)
+TEST(WholeNumber, HasOneCurrencySymbolBeforeOrBehind)
 {
-    for (const std::string_view text :
-         {"",      " ",   "abc",  "40000", "32768", "-32769", "99999", "100000", "1e5", "1e999999999999",
-          "1e",    "1e+", "e3",   "-",     ".",     ",5",     "--3",   "3-",     "1 2", "1.2.3",
-          "1.5,0", "7x",  "0x10", "\xA0",  "1e3.0"}) {
-        EXPECT_EQ(WholeNumber16(text), std::nullopt) << text;
-    }
+    expectRead({
+        {"$3", 3, "before"},
+        {"3$", 3, "behind"},
+        {"-$3", -3, "behind the sign"},
+        {"$-3", -3, "before the sign"},
+        {"$ 3-", -3, "signs and blanks as ever"},
+        {"-3 $", -3, "behind a blank"},
+        {"3-$", -3, "behind the sign"},
+        {"($3)", -3, "within parentheses"},
+        {"$(3)", -3, "around them"},
+        {"$1,234.5", 1234, "with marks"},
+        {"$3$", no, "two"},
+        {"$", no, "symbol alone"},
+        {"1$2", no, "within"},
+        {"\x80"
+         "3",
+         no, "of another country"},
+    });
+    EXPECT_EQ(WholeNumber16("$3"), no) << "a locale may have none";
+}
+
+TEST(WholeNumber, HasSixteenBitsBehindAnAmpersand)
+{
+    expectRead({
+        {"&H7F", 127, "hexadecimal"},
+        {"&hff", 255, "lower case"},
+        {" &H10 ", 16, "blanks around"},
+        {"&H7FFF", 32767, "largest"},
+        {"&H8000", -32768, "the highest bit is the sign"},
+        {"&HFFFF", -1, "all bits"},
+        {"&H0000FFFF", -1, "leading zeros"},
+        {"&H10000", no, "seventeen bits"},
+        {"&HFFFFFFFFFFFFFFFFFFFF", no, "eighty"},
+        {"&H1E3", 0x1E3, "no exponent"},
+        {"&O17", 15, "octal"},
+        {"&o17", 15, "lower case"},
+        {"&17", 15, "octal without its letter"},
+        {"&O177777", -1, "all bits"},
+        {"&O200000", no, "seventeen bits"},
+        {"&8", no, "no octal digit"},
+        {"&HG", no, "no hexadecimal digit"},
+        {"&H", no, "no digits"},
+        {"&", no, "nothing"},
+        {"&H 1", no, "blank within"},
+        {"-&H1", no, "the bits hold the sign"},
+        {"&H-1", no, "likewise"},
+        {"&H1.5", no, "fraction"},
+        {"0x10", no, "of other languages"},
+    });
+}
+
+TEST(WholeNumber, IsTheNearestAndOfTwoTheEvenOne)
+{
+    expectRead({
+        {"2.5", 2, "half down to even"},
+        {"3.5", 4, "half up to even"},
+        {"-2.5", -2, "whatever the sign"},
+        {"-3.5", -4, "likewise"},
+        {"0.5", 0, "zero is even"},
+        {"9.5", 10, "carries"},
+        {"2.500", 2, "zeros behind a half"},
+        {"2.4999999999", 2, "below"},
+        {"2.50000000000000000001", 3, "above, though no double tells"},
+        {"25e-1", 2, "half by exponent"},
+        {"0.05e1", 0, "likewise"},
+        {"0.051e1", 1, "above it"},
+        {"0.06", 0, "not a half"},
+        {"0.0", 0, "zeros alone"},
+        {"32767.4999999999999999999999", 32767, "below the last half"},
+        {"32767.5", no, "rounds out of range"},
+        {"-32768.5", -32768, "rounds back into it"},
+        {"-32768.50000000000000000001", no, "beyond"},
+    });
 }
 
 TEST(WholeNumber, FollowsTheMarksOfTheLocale)
 {
-    constexpr NumberMarks french = {',', '\xA0'};
-    EXPECT_EQ(WholeNumber16("2,5", french), 2);
-    EXPECT_EQ(WholeNumber16("3,5", french), 4);
-    EXPECT_EQ(WholeNumber16("1\xA0"
-                            "234",
-                            french),
-              1234);
-    EXPECT_EQ(WholeNumber16("2.5", french), std::nullopt);
+    expectRead(
+        {
+            {"2,5", 2, "decimal comma"},
+            {"2.5", no, "the point is no mark"},
+            {"1\xA0"
+             "234,5 \x80",
+             1234, "no-break blank"},
+            {"1 234", 1234, "the blank that people type for it"},
+            {"7 -", -7, "blank that groups nothing"},
+            {" 7", 7, "blank before"},
+        },
+        {',', '\xA0', "\x80"});
+    expectRead({{"1.234,5", 1234, "point for groups"}, {"2.5", 25, "however short"}}, {',', '.', "\x80"});
+    expectRead({{"1 234 kr", 1234, "symbol of letters"}, {"kr3", 3, "before"}, {"3k", no, "part of it"}},
+               {',', '\xA0', "kr"});
+    expectRead({{"3E-", -3, "symbol, no exponent"}, {"3E2", 300, "exponent"}}, {'.', ',', "E"});
+    expectRead({{"1234", 1234, "digits"}, {std::string_view("1\0002", 3), no, "zero byte"}}, {'.', '\0', ""});
+}
+
+TEST(WholeNumber, MayBeAMegabyteLong)
+{
+    const std::string zeros(1 << 20, '0');
+    EXPECT_EQ(WholeNumber16(zeros + "7"), 7);
+    EXPECT_EQ(WholeNumber16("7" + zeros), no);
+    EXPECT_EQ(WholeNumber16("7" + zeros + "e-1048576"), 7);
+    EXPECT_EQ(WholeNumber16("0." + zeros + "7e1048577"), 7);
+    EXPECT_EQ(WholeNumber16("2.5" + zeros + "1"), 3);
+    EXPECT_EQ(WholeNumber16(std::string(1 << 20, '(') + "7"), no);
+    EXPECT_EQ(WholeNumber16("&H" + zeros + "7"), 7);
 }
