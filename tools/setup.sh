@@ -2,7 +2,12 @@
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsdl2-image-dev liblua5.1-0-dev
     fonts-liberation2 libgl1-mesa-dev)
-test_packages=(libgtest-dev libbenchmark-dev libxcb1-dev clang-format clang-tidy python3 python3-pil xvfb x11-xkb-utils xdotool imagemagick)
+test_packages=(libgtest-dev libbenchmark-dev libxcb1-dev clang-format clang-tidy python3 python3-pil tidy xvfb x11-xkb-utils xdotool imagemagick)
+package_packages=(dpkg-dev binutils xz-utils python3 python3-pil)
+# The tests look at the packages, too.
+test_packages+=("${package_packages[@]}" lintian desktop-file-utils appstream man-db)
+
+windows_packages=(g++ cmake ninja-build g++-mingw-w64-x86-64-posix wine wine64 googletest)
 
 # Installs the named Debian packages that are missing, asking nothing; says what it lacks when it may not.
 install_packages() {

@@ -87,14 +87,13 @@ void WriteEventScript(int maps)
 
 std::string VariablesScript()
 {
+    constexpr std::size_t lineBytes = 32; // for room ahead
+    const std::vector<std::string> values = StartValues();
     std::string script = "--Variables du jeu\r\nvar = {}\r\n";
-    int number = 0;
-    for (const std::string& value : StartValues()) {
-        script.append("var[")
-            .append(std::to_string(++number))
-            .append("] = \"")
-            .append(value)
-            .append("\"\r\n");
+    script.reserve(script.size() + values.size() * lineBytes);
+    for (std::size_t index = 0; index < values.size(); ++index) {
+        script.append("var[").append(std::to_string(index + 1)).append("] = \"");
+        script.append(values[index]).append("\"\r\n");
     }
     return script;
 }

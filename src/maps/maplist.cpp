@@ -9,11 +9,12 @@ namespace
 {
 
 constexpr int largestCount = 32767; // what a count in the descriptor can say
+constexpr const char* descriptorUnwritable = "projet.ini cannot be written.";
 
 std::string reason(const std::error_code& failure, const Path& path)
 {
     const auto name = path.filename().u8string();
-    return AnsiFromUtf8(failure.message()) + " (" + AnsiFromUtf8(std::string(name.begin(), name.end())) + ")";
+    return platform::systemWords(failure) + " (" + AnsiFromUtf8(std::string(name.begin(), name.end())) + ")";
 }
 
 std::error_code folderThere(const Path& path)
@@ -31,17 +32,21 @@ bool isThere(const Path& path)
     return std::filesystem::exists(path, ignored);
 }
 
-void copyTemplate(std::string_view name, const Path& target)
+/// False when the copy cannot be written: a map must not count without its files.
+bool copyTemplate(std::string_view name, const Path& target)
 {
     WriteWholeFile(ReadWholeFile(AppDir() / "data" / DiskName(name)), target);
+    return isThere(target);
 }
 
-void setKey(const std::string& mapNumber, std::string_view key, std::string_view value, bool keep)
+/// False when the key is missing afterwards.
+bool setKey(const std::string& mapNumber, std::string_view key, std::string_view value, bool keep)
 {
     const std::string section = "Carte" + mapNumber;
     if (!keep || ReadIni(section, key, Descriptor()).empty()) {
         WriteIni(section, key, value, Descriptor());
     }
+    return !ReadIni(section, key, Descriptor()).empty();
 }
 
 /// Fills a new map: the first tileset, the template map, its keys. Failure: the reason, for the author to
@@ -54,15 +59,14 @@ std::string fillMap(const std::string& mapNumber)
             return failure;
         }
     }
-    if (!keep || !isThere(BlockFile(mapNumber))) {
-        copyTemplate("ftgmev.dat", BlockFile(mapNumber));
+    const bool blocks =
+        (keep && isThere(BlockFile(mapNumber))) || copyTemplate("ftgmev.dat", BlockFile(mapNumber));
+    const bool tiles = keep || copyTemplate("ftgmma.dat", MapFile(mapNumber));
+    if (!blocks || !tiles) {
+        return "The files of the map cannot be written.";
     }
-    if (!keep) {
-        copyTemplate("ftgmma.dat", MapFile(mapNumber));
-    }
-    setKey(mapNumber, "texture", "01", keep);
-    setKey(mapNumber, "nom", "Carte 1", keep);
-    return {};
+    const bool keys = setKey(mapNumber, "texture", "01", keep) && setKey(mapNumber, "nom", "Carte 1", keep);
+    return keys ? std::string() : descriptorUnwritable;
 }
 
 /// The folders of a new map. Failure: the reason, for the author to read.
@@ -90,12 +94,7 @@ std::string MapName(std::string_view mapNumber)
 
 std::vector<std::string> MapNames(int count)
 {
-    const IniSections sections(ReadWholeFile(Descriptor()));
-    std::vector<std::string> names;
-    for (int number = 1; number <= count; ++number) {
-        names.push_back(sections.value("carte" + MapNumberText(number), "nom"));
-    }
-    return names;
+    return NumberedIniValues(ReadWholeFile(Descriptor()), "carte", MapNumberText, "nom", count);
 }
 
 Path MapFile(std::string_view mapNumber)
@@ -148,7 +147,7 @@ NewMapResult NewMap()
     }
     WriteIni("Jeu", "cartes", number, Descriptor());
     if (MapCount() != *count + 1) {
-        return {{}, "projet.ini cannot be written."};
+        return {{}, descriptorUnwritable};
     }
     return {number, {}};
 }

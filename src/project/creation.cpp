@@ -1,6 +1,5 @@
 #include "project/creation.h"
 
-#include "store/codepage.h"
 #include "store/store.h"
 
 #include <array>
@@ -57,7 +56,7 @@ std::string description(const std::error_code& failure, std::string_view about)
 {
     constexpr std::size_t longestShown = 100;
     const std::string name(about.substr(0, longestShown));
-    return AnsiFromUtf8(failure.message()) + " (" + name + (about.size() > longestShown ? "...)" : ")");
+    return platform::systemWords(failure) + " (" + name + (about.size() > longestShown ? "...)" : ")");
 }
 
 void writeDescriptor(const Path& project, std::string_view name, std::string_view author)

@@ -44,6 +44,7 @@ void openp::Command1_Click()
         return;
     }
     SetCurrentProject(std::move(name));
+    SweepProject();
     workspace().showControlpanel();
     workspace().openMap("01");
     frameWindow()->close();

@@ -2,7 +2,7 @@
 
 #include "store/codepage.h"
 
-#include <vector>
+#include <charconv>
 
 namespace
 {
@@ -12,15 +12,6 @@ constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 char lower(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-std::string lowered(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result) {
-        c = lower(c);
-    }
-    return result;
 }
 
 bool sameName(std::string_view a, std::string_view b)
@@ -165,6 +156,22 @@ Place placeOf(const std::vector<std::string_view>& lines, std::string_view secti
     return place;
 }
 
+/// The number at the end of a section's name; 0 when the name is none of those counted.
+std::size_t numberOf(std::string_view name, std::string_view prefix, std::string (*numberText)(int),
+                     std::size_t count)
+{
+    if (name.size() < prefix.size() || !sameName(name.substr(0, prefix.size()), prefix)) {
+        return 0;
+    }
+    const std::string_view digits = name.substr(prefix.size());
+    int number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (number < 1 || static_cast<std::size_t>(number) > count || digits != numberText(number)) {
+        return 0;
+    }
+    return static_cast<std::size_t>(number);
+}
+
 } // namespace
 
 std::string IniValue(std::string_view text, std::string_view section, std::string_view key)
@@ -208,19 +215,25 @@ std::optional<std::string> WithIniValue(std::string_view text, std::string_view 
     return result;
 }
 
-IniSections::IniSections(std::string text)
-    : text_(std::move(text))
+std::vector<std::string> NumberedIniValues(std::string_view text, std::string_view prefix,
+                                           std::string (*numberText)(int), std::string_view key, int count)
 {
-    std::string_view rest = withoutMark(text_);
+    std::vector<std::string> values(static_cast<std::size_t>(count));
+    std::vector<bool> met(values.size() + 1);
+    std::size_t awaited = 0; // the number of the section whose key has not come yet
+    std::string_view rest = withoutMark(text);
     while (!rest.empty()) {
-        if (const auto name = sectionName(takeLine(rest))) {
-            bodies_.try_emplace(lowered(*name), rest);
+        const std::string_view line = takeLine(rest);
+        if (const auto name = sectionName(line)) {
+            awaited = numberOf(*name, prefix, numberText, values.size());
+            if (met[awaited]) {
+                awaited = 0;
+            }
+            met[awaited] = awaited > 0;
+        } else if (const auto raw = awaited > 0 ? valueOfLine(line, key) : std::nullopt) {
+            values[awaited - 1] = cleanValue(*raw);
+            awaited = 0;
         }
     }
-}
-
-std::string IniSections::value(std::string_view section, std::string_view key) const
-{
-    const auto body = bodies_.find(lowered(section));
-    return body == bodies_.end() ? std::string() : valueInBody(body->second, key);
+    return values;
 }

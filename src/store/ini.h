@@ -3,12 +3,20 @@
 /// Section and key names match without regard to the case of their ASCII letters. Of sections with one name
 /// the first counts, of keys with one name the first in its section. Lines that are neither (comments, blank
 /// lines) are passed over, and so is a UTF-8 byte-order mark before the first line.
+///
+/// The profile functions of Windows, as Wine has them, do the same with what this program writes, but keep
+/// the spelling of a key that they replace and drop blanks before a value that they write. Of a file that a
+/// person edited they also clear blanks and blank lines away; here all other lines stay as they are. They end
+/// a line at a CR alone, which no editor of today writes. They find no value in a line without "=", here a
+/// later line has it. A section's name goes up to the last "]" of its line, here to the first, lest a remark
+/// behind it hides it; a line without "]" opens none, here it does, lest its keys count for the section
+/// above. Of a quoted value of the longest length they lose the last byte.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 /// The longest value, in bytes, that can be read back: values pass through a buffer of 255 with its closing
 /// zero.
@@ -25,18 +33,7 @@ std::string IniValue(std::string_view text, std::string_view section, std::strin
 std::optional<std::string> WithIniValue(std::string_view text, std::string_view section, std::string_view key,
                                         std::string_view value);
 
-/// The sections of one INI text, found in a single pass, for callers that read many keys at once.
-class IniSections
-{
-public:
-    explicit IniSections(std::string text);
-    IniSections(const IniSections&) = delete;
-    IniSections& operator=(const IniSections&) = delete;
-
-    /// As IniValue.
-    std::string value(std::string_view section, std::string_view key) const;
-
-private:
-    std::string text_;
-    std::unordered_map<std::string, std::string_view> bodies_;
-};
+/// The values of one key in the sections prefix + "1" to prefix + `count`, each as IniValue gives it, in a
+/// single pass for callers that read many. numberText: how a number is written in the sections' names.
+std::vector<std::string> NumberedIniValues(std::string_view text, std::string_view prefix,
+                                           std::string (*numberText)(int), std::string_view key, int count);

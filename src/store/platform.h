@@ -26,9 +26,34 @@ std::error_code readFile(const Path& path, std::string& content);
 ///
 /// The bytes go to a file beside it that is renamed over it at the end, so that at any moment the file holds
 /// its old or its new content. A link keeps pointing where it points, permissions are kept. Failure: the
-/// reason; the older file is then untouched and nothing is left beside it. A file marked read-only and
+/// reason; the older file is then untouched and nothing is left beside it. A program that is killed meanwhile
+/// leaves at most the file beside, which is named as LeftoverName says. A file marked read-only and
 /// anything but a regular file is refused.
 std::error_code replaceFile(const Path& path, std::string_view content);
+
+/// Keeps other programs that take the same lock out as long as it lives. No file is made for it, and a
+/// program that is killed lets go of it. Who holds it for about a second hangs and is waited for no longer.
+/// Failure: nobody is kept out.
+class FolderLock
+{
+public:
+    explicit FolderLock(const Path& folder);
+    ~FolderLock();
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+private:
+    int descriptor_;
+};
+
+/// The number that the system gave this program.
+int ownProcess();
+
+/// Whether a program of this number runs on this machine, whoever started it.
+bool isRunning(int process);
+
+/// The system's own words for a failure, as Windows-1252 bytes.
+std::string systemWords(const std::error_code& failure);
 
 /// Makes one folder, whose parent must exist. Failure: the reason; an existing folder is one.
 std::error_code makeFolder(const Path& path);
@@ -47,7 +72,8 @@ public:
     /// False when the folder is missing or may not be entered.
     bool isOpen() const { return descriptor_ >= 0; }
 
-    /// The names in the folder, in no order. Failure: the reason; `names` is then empty.
+    /// The names in the folder as UTF-8, in no order; in small letters on a system that finds a file by a
+    /// name of any case. Failure: the reason; `names` is then empty.
     std::error_code list(std::vector<std::string>& names) const;
 
     /// As the function readFile, for a file in the folder.

@@ -1,14 +1,17 @@
+#include "store/codepage.h"
+#include "store/leftovers.h"
 #include "store/platform.h"
 
-#include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace platform
 {
@@ -33,6 +36,10 @@ public:
     {
     }
     ~Descriptor() { close(); }
+    Descriptor(Descriptor&& other) noexcept
+        : number_(std::exchange(other.number_, -1))
+    {
+    }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
 
@@ -122,14 +129,18 @@ Path linkTarget(Path path)
     return path;
 }
 
-/// A name that no project file has and that tells whose it is, should the program be killed before the
-/// rename.
-Path besideName(const Path& target)
+/// Makes an empty file beside the target and opens it. A name that is taken is passed over: a program that
+/// had the same number before may have been killed.
+Descriptor makeBeside(const Path& target, mode_t mode, Path& beside)
 {
+    constexpr int attempts = 1000;
     static unsigned count = 0;
-    std::array<char, 64> name = {};
-    std::snprintf(name.data(), name.size(), ".questforge-%ld-%u.tmp", static_cast<long>(::getpid()), ++count);
-    return target.parent_path() / name.data();
+    int number = -1;
+    for (int i = 0; i < attempts && number < 0 && (i == 0 || errno == EEXIST); ++i) {
+        beside = target.parent_path() / LeftoverName(ownProcess(), ++count);
+        number = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    }
+    return Descriptor(number);
 }
 
 std::error_code refusal(const Path& target, const struct stat& old)
@@ -144,13 +155,15 @@ std::error_code refusal(const Path& target, const struct stat& old)
     return ::access(target.c_str(), W_OK) == 0 ? std::error_code() : lastError();
 }
 
-bool keepOwnerAndMode(int descriptor, const struct stat& old)
+/// What a disk does not let us keep is no reason to lose the content: a stranger's file in a shared folder
+/// then becomes ours, and the mode is no wider than it was, since the file was made with it.
+void keepOwnerAndMode(int descriptor, const struct stat& old)
 {
+    [[maybe_unused]] int ignored = 0;
     if (old.st_uid != ::geteuid() || old.st_gid != ::getegid()) {
-        // A stranger's file in a shared folder becomes ours when the system does not let us give it back.
-        [[maybe_unused]] const int ignored = ::fchown(descriptor, old.st_uid, old.st_gid);
+        ignored = ::fchown(descriptor, old.st_uid, old.st_gid);
     }
-    return ::fchmod(descriptor, old.st_mode & 07777) == 0;
+    ignored = ::fchmod(descriptor, old.st_mode & 07777);
 }
 
 } // namespace
@@ -178,18 +191,53 @@ std::error_code replaceFile(const Path& path, std::string_view content)
             return refused;
         }
     }
-    const Path beside = besideName(target);
-    Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    Path beside;
+    Descriptor file = makeBeside(target, exists ? old.st_mode & 0777 : 0666, beside);
     if (!file.isOpen()) {
         return lastError();
     }
-    if (writeAll(file.number(), content) && (!exists || keepOwnerAndMode(file.number(), old)) &&
-        file.close() && ::rename(beside.c_str(), target.c_str()) == 0) {
+    if (exists) {
+        keepOwnerAndMode(file.number(), old);
+    }
+    if (writeAll(file.number(), content) && file.close() && ::rename(beside.c_str(), target.c_str()) == 0) {
         return {};
     }
     const std::error_code failure = lastError();
     ::unlink(beside.c_str());
     return failure;
+}
+
+FolderLock::FolderLock(const Path& folder)
+    : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{
+    constexpr int attempts = 4000;
+    constexpr timespec pause = {0, 100'000}; // nanoseconds
+    for (int i = 0; i < attempts && ::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+         ++i) {
+        ::nanosleep(&pause, nullptr);
+    }
+}
+
+FolderLock::~FolderLock()
+{
+    if (descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
+}
+
+int ownProcess()
+{
+    return ::getpid();
+}
+
+bool isRunning(int process)
+{
+    return ::kill(process, 0) == 0 || errno == EPERM;
+}
+
+std::string systemWords(const std::error_code& failure)
+{
+    return AnsiFromUtf8(failure.message());
 }
 
 std::error_code makeFolder(const Path& path)

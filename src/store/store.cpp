@@ -2,6 +2,7 @@
 
 #include "store/codepage.h"
 #include "store/ini.h"
+#include "store/leftovers.h"
 
 #include <utility>
 
@@ -11,6 +12,9 @@ namespace
 struct State {
     Path appDir;
     std::string currentProject;
+    // Follow from the two above, and are asked for at every tick of every map view.
+    Path projectDir;
+    Path descriptor;
 };
 
 State& state()
@@ -19,11 +23,23 @@ State& state()
     return theState;
 }
 
+// Windows cuts blanks and dots off the end of a name, so that nothing is left of one made of them.
+constexpr bool systemCutsNames = Path::preferred_separator == '\\';
+
 /// Whether a name stays one component below its folder, in the system's own reading of it.
 bool isPlainName(std::string_view name, const Path& onDisk)
 {
+    if (systemCutsNames && name.find_first_not_of(". ") == std::string_view::npos) {
+        return false;
+    }
     return !name.empty() && name.find('\0') == std::string_view::npos && onDisk == onDisk.filename() &&
            onDisk != Path(".") && onDisk != Path("..");
+}
+
+void settlePaths()
+{
+    state().projectDir = ProjectFolder(CurrentProject());
+    state().descriptor = ProjectFile("projet.ini");
 }
 
 } // namespace
@@ -36,6 +52,7 @@ const Path& AppDir()
 void SetAppDir(Path folder)
 {
     state().appDir = std::move(folder);
+    settlePaths();
 }
 
 const std::string& CurrentProject()
@@ -46,6 +63,7 @@ const std::string& CurrentProject()
 void SetCurrentProject(std::string name)
 {
     state().currentProject = std::move(name);
+    settlePaths();
 }
 
 Path ProjectFolder(std::string_view name)
@@ -54,20 +72,29 @@ Path ProjectFolder(std::string_view name)
     return isPlainName(name, onDisk) ? AppDir() / "projets" / onDisk : Path();
 }
 
-Path ProjectDir()
+const Path& ProjectDir()
 {
-    return ProjectFolder(CurrentProject());
+    return state().projectDir;
 }
 
 Path ProjectFile(std::string_view relative)
 {
-    const Path folder = ProjectDir();
+    const Path& folder = ProjectDir();
     return folder.empty() ? Path() : folder / DiskName(relative);
 }
 
-Path Descriptor()
+const Path& Descriptor()
 {
-    return ProjectFile("projet.ini");
+    return state().descriptor;
+}
+
+void SweepProject()
+{
+    constexpr int depth = 3; // of images/personnages/hero
+    if (const Path& folder = ProjectDir(); !folder.empty()) {
+        SweepLeftovers(folder, depth);
+        SweepLeftovers(AppDir(), 0); // where the boot script lies
+    }
 }
 
 Path DiskName(std::string_view ansi)
@@ -91,6 +118,7 @@ void WriteIni(std::string_view section, std::string_view key, std::string_view v
     if (file.empty()) {
         return;
     }
+    const platform::FolderLock lock(file.parent_path()); // another program's key must not be lost
     std::string text;
     const std::error_code failure = platform::readFile(file, text);
     if (failure && failure != std::errc::no_such_file_or_directory) {
@@ -109,14 +137,12 @@ std::string ReadWholeFile(const Path& path)
     return content;
 }
 
-void WriteWholeFile(std::string_view content, const Path& path)
+void WriteWholeFile(std::string content, const Path& path)
 {
     if (path.empty()) {
         return;
     }
-    std::string whole;
-    whole.reserve(content.size() + 2);
-    platform::replaceFile(path, whole.append(content).append("\r\n"));
+    platform::replaceFile(path, content.append("\r\n"));
 }
 
 std::error_code CopyWholeFile(const Path& source, const Path& target)

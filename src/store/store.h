@@ -25,13 +25,17 @@ void SetCurrentProject(std::string name);
 Path ProjectFolder(std::string_view name);
 
 /// The folder of the current project; empty when there is none.
-Path ProjectDir();
+const Path& ProjectDir();
 
 /// A file of the current project, for example ProjectFile("ev/map01"); empty when the project has no folder.
 Path ProjectFile(std::string_view relative);
 
 /// The descriptor of the current project.
-Path Descriptor();
+const Path& Descriptor();
+
+/// Removes what programs that were killed left beside the files that they wrote, in the folders of the
+/// current project and beside the boot script. Nothing else is touched. Called when a project is opened.
+void SweepProject();
 
 /// A name or relative path on disk, made of the characters that the bytes stand for; "/" separates folders.
 Path DiskName(std::string_view ansi);
@@ -43,13 +47,14 @@ std::string MapNumberText(int number);
 std::string ReadIni(std::string_view section, std::string_view key, const Path& file);
 
 /// Sets the value of a key (see WithIniValue); makes the file when it is missing, but never its folder.
+/// Programs that set keys of one file at the same time lose none.
 void WriteIni(std::string_view section, std::string_view key, std::string_view value, const Path& file);
 
 /// The whole content of a file, bytes unchanged.
 std::string ReadWholeFile(const Path& path);
 
 /// Replaces the whole content of `path` by `content` and one CR LF. Its folder must exist.
-void WriteWholeFile(std::string_view content, const Path& path);
+void WriteWholeFile(std::string content, const Path& path);
 
 /// Copies a file's bytes over `target`, whole. Failure: the reason; an older target is then untouched.
 std::error_code CopyWholeFile(const Path& source, const Path& target);

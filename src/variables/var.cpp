@@ -66,9 +66,11 @@ bool var::refresh()
         report(BadVariableCount());
         return false;
     }
-    for (const std::string& value : StartValues(*number)) {
-        List1->appendLine(VariableLine(List1->count() + 1, value));
+    std::vector<std::string> lines = StartValues(*number);
+    for (std::size_t index = 0; index < lines.size(); ++index) {
+        lines[index] = VariableLine(static_cast<int>(index) + 1, lines[index]);
     }
+    List1->setLines(std::move(lines));
     return true;
 }
 

@@ -13,13 +13,14 @@ std::string sectionOf(int number)
     return "Variable" + std::to_string(number);
 }
 
-std::vector<std::string> valuesIn(const IniSections& sections, int count)
+std::string decimal(int number)
 {
-    std::vector<std::string> values;
-    for (int number = 1; number <= count; ++number) {
-        values.push_back(sections.value(sectionOf(number), "valeur"));
-    }
-    return values;
+    return std::to_string(number);
+}
+
+std::vector<std::string> valuesIn(std::string_view descriptor, int count)
+{
+    return NumberedIniValues(descriptor, "Variable", decimal, "valeur", count);
 }
 
 } // namespace
@@ -36,13 +37,13 @@ int VariableCount()
 
 std::vector<std::string> StartValues(int count)
 {
-    return valuesIn(IniSections(ReadWholeFile(Descriptor())), count);
+    return valuesIn(ReadWholeFile(Descriptor()), count);
 }
 
 std::vector<std::string> StartValues()
 {
-    const IniSections sections(ReadWholeFile(Descriptor()));
-    return valuesIn(sections, CountFrom(sections.value("Variables", "nombre")).value_or(0));
+    const std::string descriptor = ReadWholeFile(Descriptor());
+    return valuesIn(descriptor, CountFrom(IniValue(descriptor, "Variables", "nombre")).value_or(0));
 }
 
 std::string VariableLine(int number, std::string_view startValue)

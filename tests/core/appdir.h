@@ -6,13 +6,16 @@
 #include "store/store.h"
 
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+
+/// Names on disk are found whatever their case there, "\\" separates them too and their end may be cut.
+constexpr bool onWindows = Path::preferred_separator == '\\';
 
 /// Everything below a folder: its relative name and its bytes, or a word for what has none.
 using Snapshot = std::map<std::string, std::string>;
@@ -44,11 +47,11 @@ class TemporaryAppDir
 public:
     TemporaryAppDir()
     {
-        std::string pattern = std::filesystem::temp_directory_path() / "questforge-test-XXXXXX";
-        if (::mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        folder_ = pattern;
+        std::random_device random;
+        do {
+            folder_ =
+                std::filesystem::temp_directory_path() / ("questforge-test-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(folder_));
         std::filesystem::create_directory(folder_ / "projets");
         writeTemplates();
         SetAppDir(folder_);
@@ -66,7 +69,10 @@ public:
     const Path& path() const { return folder_; }
 
     /// A path below the folder; `relative` is UTF-8.
-    Path at(std::string_view relative) const { return folder_ / relative; }
+    Path at(std::string_view relative) const
+    {
+        return folder_ / std::u8string(relative.begin(), relative.end());
+    }
 
     /// Writes the bytes as they are; folders above the file are made.
     void write(std::string_view relative, std::string_view bytes) const
@@ -90,8 +96,8 @@ public:
     {
         Snapshot result;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_)) {
-            const std::string name = entry.path().lexically_relative(folder_).string();
-            result[name] = contentOf(entry);
+            const auto name = entry.path().lexically_relative(folder_).generic_u8string();
+            result[std::string(name.begin(), name.end())] = contentOf(entry);
         }
         return result;
     }

@@ -39,13 +39,17 @@ TEST_F(Store, AProjectLiesBelowTheFolderOfProjects)
 TEST_F(Store, NamesOnDiskAreTheCharactersOfTheBytes)
 {
     EXPECT_EQ(ProjectFolder("Épée à 5 €"_ansi), app.at("projets/Épée à 5 €"));
-    EXPECT_EQ(DiskName("\xE9\x81").string(), "\xC3\xA9\xC2\x81");
+    EXPECT_EQ(DiskName("\xE9\x81"), Path(u8"\u00E9\u0081"));
 }
 
 TEST_F(Store, OnlyAPlainComponentNamesAFolder)
 {
-    for (const std::string_view name : {"a", " ", "a b", "...", "..a", ".hidden", "a\\b", "C:", "*?"}) {
+    for (const std::string_view name : {"a", "a b", "..a", ".hidden", "*?"}) {
         EXPECT_EQ(ProjectFolder(name).parent_path(), app.at("projets")) << name;
+    }
+    // Windows finds another folder by these.
+    for (const std::string_view name : {" ", "...", ". .", "a\\b", "\\a", "C:", "C:a"}) {
+        EXPECT_EQ(ProjectFolder(name).empty(), onWindows) << name;
     }
     for (const std::string_view name :
          {std::string_view(""), std::string_view("."), std::string_view(".."), std::string_view("/"),

@@ -1,0 +1,178 @@
+// The file rules that only this system has.
+#include "wholefile.h"
+
+#include "store/codepage.h"
+#include "store/leftovers.h"
+
+#include <windows.h>
+
+#include <sddl.h>
+
+#include <algorithm>
+#include <array>
+#include <thread>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+/// As most programs open a file to read it: nobody may replace it meanwhile.
+HANDLE openToRead(const Path& path)
+{
+    return ::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+/// Waits for the file beside that holds the new bytes.
+void awaitFileBeside(const Path& folder)
+{
+    WIN32_FIND_DATAW found = {};
+    const Path pattern = folder / ".questforge-*.tmp";
+    HANDLE search = INVALID_HANDLE_VALUE;
+    while (search == INVALID_HANDLE_VALUE) {
+        search = ::FindFirstFileW(pattern.c_str(), &found);
+    }
+    ::FindClose(search);
+}
+
+/// Who may do what with a file, as the system writes it down.
+std::string rightsOf(const Path& path)
+{
+    std::array<char, 4096> rights = {};
+    DWORD size = 0;
+    ::GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights.data(), rights.size(), &size);
+    return {rights.data(), size};
+}
+
+} // namespace
+
+TEST_F(WholeFile, ThatAnotherProgramHoldsOpenStays)
+{
+    const HANDLE reader = openToRead(app.at("file"));
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    expectRefused("file");
+    ::CloseHandle(reader);
+}
+
+TEST_F(WholeFile, IsWrittenOnceAnotherProgramLetsGoOfIt)
+{
+    const HANDLE reader = openToRead(app.at("file"));
+    std::jthread scanner([this, reader] {
+        awaitFileBeside(app.path());
+        ::Sleep(50); // until the first refusal; were it later, the test would hold all the same
+        ::CloseHandle(reader);
+    });
+    WriteWholeFile("new", app.at("file"));
+    EXPECT_EQ(app.read("file"), "new\r\n");
+}
+
+TEST_F(WholeFile, IsReadWhileOthersWriteIt)
+{
+    const HANDLE writer = ::CreateFileW(app.at("file").c_str(), GENERIC_WRITE | DELETE,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(writer, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(ReadWholeFile(app.at("file")), oldBytes);
+    ::CloseHandle(writer);
+}
+
+TEST_F(WholeFile, KeepsItsAttributesAndTheCaseOfItsName)
+{
+    for (const auto& [name, write] : waysToWrite) {
+        app.write("file", oldBytes);
+        ::SetFileAttributesW(app.at("file").c_str(), FILE_ATTRIBUTE_HIDDEN);
+        write(app.at("FILE"));
+        EXPECT_NE(app.read("file"), oldBytes) << name;
+        EXPECT_EQ(::GetFileAttributesW(app.at("file").c_str()) & FILE_ATTRIBUTE_HIDDEN,
+                  DWORD{FILE_ATTRIBUTE_HIDDEN})
+            << name;
+        EXPECT_FALSE(app.snapshot().contains("FILE")) << name;
+        ::SetFileAttributesW(app.at("file").c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+}
+
+TEST_F(WholeFile, KeepsItsAccessRights)
+{
+    PSECURITY_DESCRIPTOR onlyAdministrators = nullptr;
+    ASSERT_TRUE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)", SDDL_REVISION_1,
+                                                                       &onlyAdministrators, nullptr));
+    for (const auto& [name, write] : waysToWrite) {
+        app.write("file", oldBytes);
+        const std::string usual = rightsOf(app.at("file"));
+        ASSERT_TRUE(
+            ::SetFileSecurityW(app.at("file").c_str(), DACL_SECURITY_INFORMATION, onlyAdministrators));
+        const std::string rights = rightsOf(app.at("file"));
+        EXPECT_NE(rights, usual);
+        write(app.at("file"));
+        EXPECT_EQ(rightsOf(app.at("file")), rights) << name;
+        app.remove("file");
+    }
+    ::LocalFree(onlyAdministrators);
+}
+
+TEST_F(WholeFile, ADeviceIsNeitherReadNorReplaced)
+{
+    for (const std::string_view name : {"NUL", "CON"}) {
+        expectNoFile(name);
+    }
+}
+
+TEST_F(WholeFile, ReasonsAreToldInTheCodePage)
+{
+    if (PRIMARYLANGID(::GetUserDefaultUILanguage()) != LANG_FRENCH) {
+        GTEST_SKIP() << "needs a system whose words have accents";
+    }
+    const std::error_code refused(ERROR_ACCESS_DENIED, std::system_category());
+    EXPECT_EQ(platform::systemWords(refused), "Accès refusé"_ansi);
+    EXPECT_EQ(platform::systemWords(std::make_error_code(std::errc::file_too_large)), "File too large");
+}
+
+TEST_F(WholeFile, EventFilesAreListedInSmallLetters)
+{
+    app.write("ev/EV11", "x");
+    std::vector<std::string> names;
+    EXPECT_FALSE(platform::Folder(app.at("ev")).list(names));
+    EXPECT_EQ(std::count(names.begin(), names.end(), "ev11"), 1);
+    EXPECT_FALSE(platform::Folder(app.at("ev/EV11")).isOpen());
+}
+
+TEST_F(WholeFile, WritersOfOneIniFileLoseNoKey)
+{
+    constexpr int keys = 30;
+    const auto writeKeys = [this](const std::string& section) {
+        for (int i = 0; i < keys; ++i) {
+            WriteIni(section, std::to_string(i), "v", app.at("x.ini"));
+        }
+    };
+    {
+        const std::jthread one(writeKeys, "one");
+        const std::jthread other(writeKeys, "other");
+    }
+    const std::string text = app.read("x.ini");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '='), 2 * keys);
+}
+
+TEST_F(WholeFile, LeftBesideIsSweptOnceItsProgramIsGone)
+{
+    std::array<wchar_t, MAX_PATH> program = {};
+    ::GetModuleFileNameW(nullptr, program.data(), program.size());
+    STARTUPINFOW start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION child = {};
+    ASSERT_TRUE(::CreateProcessW(program.data(), nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                                 nullptr, &start, &child));
+    const std::string left = LeftoverName(static_cast<int>(child.dwProcessId), 1);
+    app.write("é €", "");
+    const Snapshot expected = app.snapshot();
+    app.write(left, "");
+
+    SweepLeftovers(app.path(), 0);
+    EXPECT_TRUE(app.has(left));
+    ::TerminateProcess(child.hProcess, 0);
+    ::WaitForSingleObject(child.hProcess, INFINITE);
+    SweepLeftovers(app.path(), 0);
+    EXPECT_EQ(Changes(expected, app.snapshot()), "");
+    ::CloseHandle(child.hThread);
+    ::CloseHandle(child.hProcess);
+}
