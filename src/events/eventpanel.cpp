@@ -57,7 +57,7 @@ void EventPanel::listev_DblClick()
     const int row = listev->selectedRow();
     const QString entry = row < 0 ? QString() : shortened(shown(listev->line(row)));
     if (askYesNo(this, u"Are you sure want to delete this line?\r\n"_s + entry) && row >= 0) {
-        delete listev->takeItem(row);
+        listev->removeLine(row);
     }
 }
 

@@ -48,10 +48,11 @@ void Controlpanel::showValues()
 
 void Controlpanel::listMaps()
 {
-    List1->clear();
-    for (const std::string& name : MapNames(MapCount().value_or(0))) {
-        List1->appendLine(std::to_string(List1->count() + 1) + name);
+    std::vector<std::string> lines = MapNames(MapCount().value_or(0));
+    for (std::size_t index = 0; index < lines.size(); ++index) {
+        lines[index].insert(0, std::to_string(index + 1));
     }
+    List1->setLines(std::move(lines));
 }
 
 void Controlpanel::List1_DblClick()

@@ -2,67 +2,113 @@
 
 #include "toolkit/text.h"
 
+#include <QAbstractListModel>
 #include <QKeyEvent>
 
-namespace
+/// The lines as the list asks for them.
+class LineList::Lines : public QAbstractListModel
 {
+public:
+    using QAbstractListModel::QAbstractListModel;
 
-constexpr int wholeLine = Qt::UserRole;
+    const std::vector<std::string>& all() const { return lines_; }
 
-QListWidgetItem* itemOf(const std::string& line)
-{
-    auto* item = new QListWidgetItem(shortened(shown(std::string_view(line).substr(0, 1000))));
-    item->setData(wholeLine, QByteArray::fromStdString(line));
-    return item;
-}
+    void replace(std::vector<std::string> lines)
+    {
+        beginResetModel();
+        lines_ = std::move(lines);
+        endResetModel();
+    }
 
-} // namespace
+    void append(std::string line)
+    {
+        const int row = rowCount({});
+        beginInsertRows({}, row, row);
+        lines_.push_back(std::move(line));
+        endInsertRows();
+    }
+
+    void remove(int row)
+    {
+        beginRemoveRows({}, row, row);
+        lines_.erase(lines_.begin() + row);
+        endRemoveRows();
+    }
+
+    int rowCount(const QModelIndex& parent) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(lines_.size());
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        constexpr std::size_t enough = 1000; // bytes, more than a shortened line shows
+        if (role != Qt::DisplayRole) {
+            return {};
+        }
+        const std::string_view line = lines_[static_cast<std::size_t>(index.row())];
+        return shortened(shown(line.substr(0, enough)));
+    }
+
+private:
+    std::vector<std::string> lines_;
+};
 
 LineList::LineList(QWidget* parent)
-    : QListWidget(parent)
+    : QListView(parent)
+    , model_(new Lines(this))
 {
+    setModel(model_);
     setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
 }
 
-void LineList::appendLine(const std::string& line)
+void LineList::clear()
 {
-    addItem(itemOf(line));
+    model_->replace({});
 }
 
-void LineList::setLines(const std::vector<std::string>& lines)
+void LineList::appendLine(std::string line)
 {
-    clear();
-    for (const std::string& line : lines) {
-        appendLine(line);
-    }
+    model_->append(std::move(line));
 }
 
-std::vector<std::string> LineList::lines() const
+void LineList::setLines(std::vector<std::string> lines)
 {
-    std::vector<std::string> result;
-    result.reserve(static_cast<std::size_t>(count()));
-    for (int row = 0; row < count(); ++row) {
-        result.push_back(line(row));
-    }
-    return result;
+    model_->replace(std::move(lines));
 }
 
-std::string LineList::line(int row) const
+void LineList::removeLine(int row)
 {
-    return item(row)->data(wholeLine).toByteArray().toStdString();
+    model_->remove(row);
+}
+
+int LineList::count() const
+{
+    return model_->rowCount({});
+}
+
+const std::vector<std::string>& LineList::lines() const
+{
+    return model_->all();
+}
+
+const std::string& LineList::line(int row) const
+{
+    return model_->all()[static_cast<std::size_t>(row)];
 }
 
 int LineList::selectedRow() const
 {
-    const QList<QListWidgetItem*> selected = selectedItems();
-    return selected.isEmpty() ? -1 : row(selected.first());
+    const QModelIndexList selected = selectedIndexes();
+    return selected.isEmpty() ? -1 : selected.first().row();
 }
 
 void LineList::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
         rowBeforePress_ = selectedRow();
-        QListWidget::mousePressEvent(event);
+        QListView::mousePressEvent(event);
     }
 }
 
@@ -73,9 +119,9 @@ void LineList::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton) {
         return;
     }
-    QListWidget::mouseReleaseEvent(event);
+    QListView::mouseReleaseEvent(event);
     const int row = selectedRow();
-    if (row >= 0 && (row != rowBeforePress_ || item(row) == itemAt(event->pos()))) {
+    if (row >= 0 && (row != rowBeforePress_ || indexAt(event->pos()).row() == row)) {
         Q_EMIT chosen(row);
     }
 }
@@ -83,7 +129,7 @@ void LineList::mouseReleaseEvent(QMouseEvent* event)
 void LineList::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
-        QListWidget::mouseDoubleClickEvent(event);
+        QListView::mouseDoubleClickEvent(event);
         Q_EMIT opened();
     }
 }
@@ -98,9 +144,9 @@ void LineList::keyPressEvent(QKeyEvent* event)
     }
     const int before = selectedRow();
     if (before < 0 && (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)) {
-        setCurrentRow(0); // the first step into a list leads to its first line
+        setCurrentIndex(model_->index(0)); // the first step into a list leads to its first line
     } else {
-        QListWidget::keyPressEvent(event);
+        QListView::keyPressEvent(event);
     }
     if (selectedRow() != before && selectedRow() >= 0) {
         Q_EMIT chosen(selectedRow());

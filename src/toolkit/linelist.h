@@ -1,23 +1,27 @@
-/// A list of text lines: quick whatever their number and length, since a long line is shown shortened and
-/// kept whole.
+/// A list of text lines: quick whatever their number and length. Only lines that are seen are turned into the
+/// toolkit's strings; a long line is shown shortened and kept whole.
 #pragma once
 
-#include <QListWidget>
+#include <QListView>
 #include <string>
 #include <vector>
 
-class LineList : public QListWidget
+class LineList : public QListView
 {
     Q_OBJECT
 
 public:
     explicit LineList(QWidget* parent);
 
-    void appendLine(const std::string& line);
-    void setLines(const std::vector<std::string>& lines);
+    void clear();
+    void appendLine(std::string line);
+    void setLines(std::vector<std::string> lines);
+    /// Removes a line; row counts from 0.
+    void removeLine(int row);
+    int count() const;
     /// The lines as they were given, whole.
-    std::vector<std::string> lines() const;
-    std::string line(int row) const;
+    const std::vector<std::string>& lines() const;
+    const std::string& line(int row) const;
     /// The selected row counted from 0; -1 when none is.
     int selectedRow() const;
 
@@ -34,5 +38,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    class Lines;
+
+    Lines* model_;
     int rowBeforePress_ = -1;
 };

@@ -1,6 +1,6 @@
 #include "program.h"
 
-#include <QListWidget>
+#include <QListView>
 #include <QTest>
 
 namespace
@@ -128,7 +128,7 @@ TEST_F(EventPanelOfACell, EnterOnALineAsksTooAndWithoutASelectionNothingIsRemove
 {
     writeEvent("11", "\r\none\r\ntwo\r\n");
     pressCell(*map, 1, 1);
-    auto& list = control<QListWidget>(*map, "listev");
+    auto& list = control<QListView>(*map, "listev");
     keys(list, {Qt::Key_Return});
     answers.question(deleteThis, Reply::Yes);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.viewport()->rect().bottomLeft());

@@ -31,12 +31,12 @@ QString tileFile(const TemporaryAppDir& app, const std::string& tileset, int num
     return qtPath(app.at(tilesFolder(tileset) + "/terrain0" + std::to_string(number) + ".JPG"));
 }
 
-QPoint placeOf(const QListWidget& list, int row)
+QPoint placeOf(const QListView& list, int row)
 {
-    if (row >= list.count()) {
+    if (row >= list.model()->rowCount()) {
         throw std::runtime_error("the list has no line " + std::to_string(row));
     }
-    return list.visualItemRect(list.item(row)).center();
+    return list.visualRect(list.model()->index(row, 0)).center();
 }
 
 } // namespace
@@ -175,26 +175,26 @@ void moveBar(const QWidget& within, const char* name, int value)
 
 std::vector<std::string> lines(const QWidget& within, const char* name)
 {
-    const auto& list = control<QListWidget>(within, name);
+    const QAbstractItemModel& model = *control<QListView>(within, name).model();
     std::vector<std::string> result;
-    result.reserve(static_cast<std::size_t>(list.count()));
-    for (int row = 0; row < list.count(); ++row) {
-        result.push_back(list.item(row)->text().toStdString());
+    result.reserve(static_cast<std::size_t>(model.rowCount()));
+    for (int row = 0; row < model.rowCount(); ++row) {
+        result.push_back(model.index(row, 0).data().toString().toStdString());
     }
     return result;
 }
 
 void clickLine(const QWidget& within, const char* name, int row)
 {
-    auto& list = control<QListWidget>(within, name);
-    list.scrollToItem(list.item(row));
+    auto& list = control<QListView>(within, name);
+    list.scrollTo(list.model()->index(row, 0));
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, row));
 }
 
 void doubleClickLine(const QWidget& within, const char* name, int row)
 {
     clickLine(within, name, row);
-    auto& list = control<QListWidget>(within, name);
+    auto& list = control<QListView>(within, name);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, row));
 }
 
