@@ -42,12 +42,14 @@ public:
     /// The buttons held by any source, and those tapped since the last call.
     Buttons take();
 
+    /// The buttons held by any source.
+    Buttons held() const;
+
 private:
     struct Held {
         std::uint64_t source;
         Buttons buttons;
     };
-    Buttons held() const;
 
     std::vector<Held> held_;
     Buttons tapped_ = button::none;

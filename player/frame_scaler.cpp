@@ -41,14 +41,14 @@ Placement centred(Area picture, Area target)
             (target.height - picture.height * factor) / 2};
 }
 
-void drawEnlarged(const Image& picture, int first, int last, const Target& target, const Placement& place)
+void drawEnlarged(const Image& picture, Rows rows, const Target& target, const Placement& place)
 {
     const int left = std::max(place.left, 0);
     const int right = std::min(place.left + picture.width() * place.factor, target.size.width);
     if (left >= right) {
         return;
     }
-    for (int y = first; y < last; ++y) {
+    for (int y = rows.first; y < rows.last; ++y) {
         const int top = std::max(place.top + y * place.factor, 0);
         const int bottom = std::min(place.top + (y + 1) * place.factor, target.size.height);
         if (top >= bottom) {

@@ -12,6 +12,14 @@ struct Area {
     int height;
 };
 
+/// Rows of a picture from `first` up to, but not with, `last`.
+struct Rows {
+    int first;
+    int last;
+
+    constexpr bool empty() const { return first >= last; }
+};
+
 /// The largest whole factor by which `picture` fits into `room`; at least 1.
 int wholeFactor(Area picture, Area room);
 
@@ -34,7 +42,7 @@ struct Target {
     Area size;
 };
 
-/// Draws rows [first, last) of a picture enlarged; what falls outside the target is left out.
-void drawEnlarged(const Image& picture, int first, int last, const Target& target, const Placement& place);
+/// Draws rows of a picture enlarged; what falls outside the target is left out.
+void drawEnlarged(const Image& picture, Rows rows, const Target& target, const Placement& place);
 
 } // namespace player

@@ -79,6 +79,13 @@ void setLibrary(lua_State* L, const char* name, const luaL_Reg* functions)
     lua_setglobal(L, name);
 }
 
+void guardFunction(lua_State* L, const char* name, lua_CFunction guard)
+{
+    lua_getfield(L, -1, name);
+    lua_pushcclosure(L, guard, 1);
+    lua_setfield(L, -2, name);
+}
+
 void defineKind(lua_State* L, const ObjectKind& kind, lua_CFunction finalizer, lua_CFunction equals)
 {
     lua_newtable(L);

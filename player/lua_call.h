@@ -99,8 +99,16 @@ template <class Work> bool succeeds(Message& message, Work work)
     }
 }
 
+/// Puts `guard` in front of a function of the library on top of the stack, which becomes its upvalue.
+void guardFunction(lua_State* L, const char* name, lua_CFunction guard);
+
+/// From now on the script's steps are counted and looked at: whether the game was closed, whether memory runs
+/// short, whether a frame was shown lately.
+void watchSteps(lua_State* L);
+
 /// What each subject adds to a fresh state.
 void openLibraries(lua_State* L);
+void openCoroutines(lua_State* L);
 void openSystem(lua_State* L);
 void openFiles(lua_State* L);
 void openColors(lua_State* L);

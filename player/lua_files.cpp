@@ -64,9 +64,9 @@ FileMode modeArgument(lua_State* L, int index)
 // Pushes a file object, closed if the file could not be opened; `message` says why then.
 bool pushFile(lua_State* L, std::string_view path, FileMode mode, Message& message)
 {
-    const Sandbox& sandbox = machineOf(L).sandbox();
+    Machine& machine = machineOf(L);
     auto& file = *static_cast<File*>(pushObject(L, fileKind, sizeof(File)));
-    return succeeds(message, [&] { file = sandbox.open(path, mode).release(); });
+    return succeeds(message, [&] { file = machine.openFile(path, mode).release(); });
 }
 
 int openFile(lua_State* L)
@@ -203,8 +203,15 @@ int writeArguments(lua_State* L, std::FILE* file, int first)
 {
     bool written = true;
     const int last = lua_gettop(L);
+    Machine& machine = machineOf(L);
     for (int index = first; index <= last; ++index) {
         const std::string_view text = checkText(L, index);
+        if (!machine.mayWrite(text.size())) {
+            lua_pushnil(L);
+            lua_pushfstring(L, "a game may write %d MB in one run",
+                            static_cast<int>(Machine::mostWritten >> 20U));
+            return 2;
+        }
         written = std::fwrite(text.data(), 1, text.size(), file) == text.size() && written;
     }
     return pushOutcome(L, written);
@@ -220,6 +227,21 @@ int flushFile(lua_State* L)
     return pushOutcome(L, std::fflush(openFileArgument(L, 1)) == 0);
 }
 
+// Beyond the end a script could blow up a file with one letter.
+bool seekWithin(std::FILE* file, long offset, int origin)
+{
+    const long before = std::ftell(file);
+    if (std::fseek(file, offset, origin) != 0) {
+        return false;
+    }
+    const long place = std::ftell(file);
+    std::fseek(file, 0, SEEK_END);
+    const bool within = place <= std::ftell(file);
+    std::fseek(file, within ? place : before, SEEK_SET);
+    errno = EINVAL;
+    return within;
+}
+
 int seekInFile(lua_State* L)
 {
     static const char* const names[] = {"set", "cur", "end", nullptr};
@@ -229,7 +251,7 @@ int seekInFile(lua_State* L)
     const lua_Number offset = luaL_optnumber(L, 3, 0);
     constexpr lua_Number farthest = 1U << 30U;
     luaL_argcheck(L, offset >= -farthest && offset <= farthest, 3, "too far");
-    if (std::fseek(file, static_cast<long>(offset), origin) != 0) {
+    if (!seekWithin(file, static_cast<long>(offset), origin)) {
         return pushOutcome(L, false);
     }
     lua_pushnumber(L, static_cast<lua_Number>(std::ftell(file)));
@@ -282,6 +304,29 @@ int writeToOutput(lua_State* L)
     return writeArguments(L, stdout, 1);
 }
 
+void printText(lua_State* L, std::string_view text)
+{
+    if (machineOf(L).mayWrite(text.size())) {
+        std::fwrite(text.data(), 1, text.size(), stdout);
+    }
+}
+
+// As Lua's own, but within what the game may write; the rest is left out.
+int print(lua_State* L)
+{
+    const int last = lua_gettop(L);
+    for (int index = 1; index <= last; ++index) {
+        lua_getglobal(L, "tostring");
+        lua_pushvalue(L, index);
+        lua_call(L, 1, 1);
+        printText(L, checkText(L, -1));
+        printText(L, index < last ? "\t" : "");
+        lua_pop(L, 1);
+    }
+    printText(L, "\n");
+    return 0;
+}
+
 int fileType(lua_State* L)
 {
     luaL_checkany(L, 1);
@@ -318,6 +363,8 @@ void openFiles(lua_State* L)
     setFunctions(L, fileMethods);
     defineKind(L, fileKind, guarded<dropFile>, nullptr);
     setLibrary(L, "io", fileFunctions);
+    lua_pushcfunction(L, guarded<print>);
+    lua_setglobal(L, "print");
 }
 
 } // namespace player

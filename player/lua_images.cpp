@@ -49,7 +49,7 @@ template <class Make> int pushPicture(lua_State* L, Make make)
         image = make().release();
     }
     if (image == nullptr) {
-        constexpr auto megabytes = static_cast<int>(PixelBudget::limit >> 20U);
+        constexpr auto megabytes = static_cast<int>(Machine::mostPictures >> 20U);
         return luaL_error(L, "the pictures take more than %d MB", megabytes);
     }
     lua_gc(L, LUA_GCSTEP, static_cast<int>(image->bytes() >> 10U));

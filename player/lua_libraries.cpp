@@ -1,4 +1,5 @@
 #include "player/lua_call.h"
+#include "player/script_memory.h"
 
 #include <stdexcept>
 #include <string>
@@ -9,7 +10,7 @@ namespace player
 namespace
 {
 
-constexpr std::size_t largestScript = 8U << 20U;
+constexpr std::size_t largestScript = 64U << 20U;
 
 // Compiled Lua is not checked when it is loaded, and could break out of the machine.
 bool isCompiled(std::string_view source)
@@ -28,7 +29,13 @@ int loadScript(lua_State* L, std::string_view path)
     }
     const std::string name = std::string("@").append(path);
     // Gives a status, whatever happens in it: the two strings are safe.
-    return luaL_loadbuffer(L, source.data(), source.size(), name.c_str());
+    const int status = luaL_loadbuffer(L, source.data(), source.size(), name.c_str());
+    if (status == LUA_ERRMEM) {
+        lua_pop(L, 1);
+        throw std::runtime_error(std::string(path) + ": is too large: a script may take " +
+                                 std::to_string(ScriptMemory::limit >> 20U) + " MB of memory");
+    }
+    return status;
 }
 
 int doFile(lua_State* L)
@@ -155,14 +162,6 @@ int findWithPattern(lua_State* L)
     return lua_tocfunction(L, lua_upvalueindex(1))(L);
 }
 
-// Puts a function in front of one of the library on top of the stack.
-void guardFunction(lua_State* L, const char* name, lua_CFunction guard)
-{
-    lua_getfield(L, -1, name);
-    lua_pushcclosure(L, guard, 1);
-    lua_setfield(L, -2, name);
-}
-
 void openStrings(lua_State* L)
 {
     openLuaLibrary(L, LUA_STRLIBNAME, luaopen_string);
@@ -202,6 +201,7 @@ int runScriptFile(lua_State* L)
 void openLibraries(lua_State* L)
 {
     openBase(L);
+    openCoroutines(L);
     openLuaLibrary(L, LUA_TABLIBNAME, luaopen_table);
     openLuaLibrary(L, LUA_MATHLIBNAME, luaopen_math);
     openStrings(L);

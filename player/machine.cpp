@@ -18,7 +18,7 @@ constexpr std::size_t largestPictureFile = 32U << 20U;
 
 } // namespace
 
-bool PixelBudget::take(std::size_t bytes)
+bool Budget::take(std::size_t bytes)
 {
     const bool taken = fits(bytes);
     used_ += taken ? bytes : 0;
@@ -69,8 +69,19 @@ void Machine::dropPicture(const Image* picture)
     }
 }
 
+FileHandle Machine::openFile(std::string_view path, FileMode mode)
+{
+    // A new file takes room however little is in it.
+    constexpr std::size_t block = 4096;
+    if (mode != FileMode::Read && !sandbox_.exists(path) && !mayWrite(block)) {
+        throw std::runtime_error(std::string(path) + ": the game has made too many files");
+    }
+    return sandbox_.open(path, mode);
+}
+
 void Machine::flip()
 {
+    stepsSinceFrame_ = 0;
     host_.present(screen_);
     poll();
 }
@@ -80,6 +91,7 @@ void Machine::waitFrames(double n)
     if (!(n >= 1)) {
         return;
     }
+    stepsSinceFrame_ = 0;
     constexpr double years = 4e9;
     const auto frames = static_cast<std::int64_t>(std::min(n, years));
     std::int64_t frame = frameAt(host_.now());
@@ -89,6 +101,15 @@ void Machine::waitFrames(double n)
         host_.sleepUntil(startOfFrame(frame));
         pump();
     }
+}
+
+bool Machine::countSteps(int steps)
+{
+    constexpr int most = 20'000'000;
+    stepsSinceFrame_ += steps;
+    const bool few = stepsSinceFrame_ <= most;
+    stepsSinceFrame_ = few ? stepsSinceFrame_ : 0;
+    return few;
 }
 
 void Machine::poll()

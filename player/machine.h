@@ -20,18 +20,22 @@ class Closed
 {
 };
 
-/// How much memory the pictures of a game may take together.
-class PixelBudget
+/// An amount of bytes that a game may take.
+class Budget
 {
 public:
-    static constexpr std::size_t limit = 128U << 20U;
+    explicit constexpr Budget(std::size_t limit)
+        : limit_(limit)
+    {
+    }
 
     /// False if `bytes` more go over the limit; nothing is taken then.
     bool take(std::size_t bytes);
     void giveBack(std::size_t bytes) { used_ -= bytes; }
-    bool fits(std::size_t bytes) const { return bytes <= limit - used_; }
+    bool fits(std::size_t bytes) const { return bytes <= limit_ - used_; }
 
 private:
+    std::size_t limit_;
     std::size_t used_ = 0;
 };
 
@@ -39,6 +43,10 @@ private:
 class Machine
 {
 public:
+    /// The memory for all pictures together, and what may go to the disk in one run, in bytes.
+    static constexpr std::size_t mostPictures = 128U << 20U;
+    static constexpr std::size_t mostWritten = 16U << 20U;
+
     /// Failure: std::filesystem::filesystem_error if there is no such folder.
     Machine(Host& host, const std::filesystem::path& startFolder);
 
@@ -52,6 +60,13 @@ public:
 
     /// Frees what the two above gave; null is allowed.
     void dropPicture(const Image* picture);
+
+    /// Opens a file of the game. Failure: std::runtime_error naming the path and the reason.
+    FileHandle openFile(std::string_view path, FileMode mode);
+
+    /// Asks before writing so many bytes to a file or the standard output; false when the run has written too
+    /// much.
+    bool mayWrite(std::size_t bytes) { return written_.take(bytes); }
 
     Image& screen() { return screen_; }
     const Image& screen() const { return screen_; }
@@ -68,6 +83,10 @@ public:
     /// at all. Failure: Closed.
     void waitFrames(double n);
 
+    /// Counts steps of a script. False if so many went by without a frame that it seems caught in a loop; the
+    /// count starts anew then, as it does at each flip and wait.
+    bool countSteps(int steps);
+
     /// Takes in events unless that was done a moment ago. Failure: Closed.
     void poll();
 
@@ -81,8 +100,10 @@ private:
     Host& host_;
     Sandbox sandbox_;
     Image screen_;
-    PixelBudget pixels_;
+    Budget pixels_{mostPictures};
+    Budget written_{mostWritten};
     Instant lastPump_;
+    int stepsSinceFrame_ = 0;
     bool closing_ = false;
 };
 

@@ -1,6 +1,5 @@
 #include "player/code_page.h"
-#include "player/play.h"
-#include "player/sdl_host.h"
+#include "player/windowed_play.h"
 
 #include <cstdlib>
 #include <exception>
@@ -16,8 +15,7 @@ int main(int argc, char** argv)
     }
     const std::string script = player::cp1252FromUtf8(argc == 2 ? argv[1] : "index.lua");
     try {
-        player::SdlHost host("Questforge");
-        return player::play(host, std::filesystem::current_path(), script, std::cerr);
+        return player::playInWindow("Questforge", std::filesystem::current_path(), script, std::cerr);
     } catch (const std::exception& failure) {
         std::cerr << "luaplayer: " << failure.what() << '\n';
         return EXIT_FAILURE;

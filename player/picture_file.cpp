@@ -69,6 +69,19 @@ PictureSize jpegSize(std::string_view file)
     }
 }
 
+// The decoder believes a chunk's length, and takes gigabytes of nothing from a file that ends before.
+void checkChunks(std::string_view file)
+{
+    constexpr std::size_t markSize = 8;
+    std::string_view name;
+    for (std::size_t place = markSize; name != "IEND"sv;) {
+        const std::size_t length = word32(file, place);
+        name = file.substr(place + 4, 4);
+        place += 12 + length;
+        byteAt(file, place - 1);
+    }
+}
+
 Image imageOf(const SDL_Surface& surface)
 {
     Image image(surface.w, surface.h);
@@ -96,11 +109,14 @@ PictureSize pictureSize(std::string_view file)
 
 Image decodePicture(std::string_view file)
 {
+    const bool isPng = file.starts_with(pngMark);
+    if (isPng) {
+        checkChunks(file);
+    }
     SDL_RWops* const stream = SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
     if (stream == nullptr) {
         refusePicture();
     }
-    const bool isPng = file.starts_with(pngMark);
     const Surface decoded(isPng ? IMG_LoadPNG_RW(stream) : IMG_LoadJPG_RW(stream));
     SDL_RWclose(stream);
     if (!decoded) {

@@ -2,8 +2,6 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
-#include <thread>
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <fcntl.h>
@@ -48,6 +46,11 @@ bool prepare(int descriptor, FileMode mode)
     }
     if (!S_ISREG(status.st_mode)) {
         errno = S_ISDIR(status.st_mode) ? EISDIR : EACCES;
+        return false;
+    }
+    // By a second name the file may lie anywhere.
+    if (mode != FileMode::Read && status.st_nlink > 1) {
+        errno = EACCES;
         return false;
     }
     return !startsEmpty(mode) || ::ftruncate(descriptor, 0) == 0;
@@ -98,14 +101,6 @@ std::string utf8FromPath(const std::filesystem::path& path)
 {
     const std::u8string text = path.generic_u8string();
     return {text.begin(), text.end()};
-}
-
-void endProcessAfter(std::chrono::milliseconds delay, int exitCode)
-{
-    std::thread([delay, exitCode] {
-        std::this_thread::sleep_for(delay);
-        std::_Exit(exitCode);
-    }).detach();
 }
 
 } // namespace player

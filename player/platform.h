@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -17,15 +16,12 @@ using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 enum class FileMode { Read, Write, Append, ReadAndWrite, WriteAndRead, AppendAndRead };
 
 /// Opens a regular file, bytes as they are. A link in the last place of the path is not followed, and a pipe,
-/// a device or a folder is refused without waiting for it.
-/// Failure: null, and errno says why.
+/// a device or a folder is refused without waiting for it, and so is writing to a file that has a second
+/// name. Failure: null, and errno says why.
 FileHandle openRegularFile(const std::filesystem::path& path, FileMode mode);
 
 /// A path of the file system from UTF-8 and back.
 std::filesystem::path pathFromUtf8(const std::string& name);
 std::string utf8FromPath(const std::filesystem::path& path);
-
-/// Ends the process after `delay`, whatever its other threads do by then.
-void endProcessAfter(std::chrono::milliseconds delay, int exitCode);
 
 } // namespace player

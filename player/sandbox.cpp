@@ -40,6 +40,26 @@ fs::path realPath(const fs::path& path, std::error_code& error)
     return real;
 }
 
+constexpr std::array<std::string_view, 2> editorFolders = {"ev", "images"};
+constexpr std::array<std::string_view, 4> editorExtensions = {".ini", ".map", ".ev", ".lua"};
+
+// A name as file systems compare it that care neither for letter case nor for dots and blanks at the end.
+std::string plainName(const fs::path& part)
+{
+    std::string name = utf8FromPath(part);
+    name.erase(name.find_last_not_of(". ") + 1);
+    std::transform(name.begin(), name.end(), name.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return name;
+}
+
+template <std::size_t count>
+bool contains(const std::array<std::string_view, count>& names, std::string_view name)
+{
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 bool startsWith(const fs::path& path, const fs::path& folder)
 {
     const auto [inFolder, inPath] = std::mismatch(folder.begin(), folder.end(), path.begin(), path.end());
@@ -77,8 +97,8 @@ fs::path Sandbox::located(std::string_view path) const
 
 fs::path Sandbox::resolved(std::string_view path) const
 {
-    if (path.empty() || path.find('\0') != std::string_view::npos) {
-        refuse(path, "is not a file name");
+    if (const std::size_t end = path.find('\0'); path.empty() || end != std::string_view::npos) {
+        refuse(path.substr(0, end), "is not a file name");
     }
     std::error_code error;
     fs::path real = realPath(located(path), error);
@@ -97,6 +117,23 @@ bool Sandbox::mayBeRoot(const fs::path& folder) const
 bool Sandbox::isInside(const fs::path& file) const
 {
     return root_ ? startsWith(file, *root_) : file.parent_path() == start_;
+}
+
+// Whether a file is one that a game may write: a saved game, not a part of the project.
+bool Sandbox::isOfTheGame(const fs::path& file) const
+{
+    const fs::path inRoot = file.lexically_relative(*root_);
+    const auto isHidden = [](const fs::path& part) { return part != "." && part.native().front() == '.'; };
+    const std::string folder = plainName(*inRoot.begin());
+    const std::string extension = fs::path(plainName(file.filename())).extension().string();
+    return std::none_of(inRoot.begin(), inRoot.end(), isHidden) && !contains(editorFolders, folder) &&
+           !contains(editorExtensions, extension);
+}
+
+bool Sandbox::exists(std::string_view path) const
+{
+    std::error_code ignored;
+    return fs::exists(located(path), ignored);
 }
 
 void Sandbox::changeDirectory(std::string_view path)
@@ -120,6 +157,9 @@ FileHandle Sandbox::open(std::string_view path, FileMode mode) const
     const fs::path file = resolved(path);
     if (!isInside(file) || (isBooting() && mode != FileMode::Read)) {
         refuse(path, "lies outside the project folder");
+    }
+    if (mode != FileMode::Read && !isOfTheGame(file)) {
+        refuse(path, "is a part of the project, which a game may not write");
     }
     FileHandle handle = openRegularFile(file, mode);
     if (!handle) {

@@ -38,7 +38,11 @@ public:
     /// Failure: PathRefused; the current folder stays.
     void changeDirectory(std::string_view path);
 
-    /// Opens a file of the root. Failure: PathRefused with the reason.
+    /// Whether the path leads to anything at all.
+    bool exists(std::string_view path) const;
+
+    /// Opens a file of the root. What the editor makes (descriptor, maps, events, scripts, pictures) and
+    /// hidden files are not opened for writing. Failure: PathRefused with the reason.
     FileHandle open(std::string_view path, FileMode mode) const;
 
     /// The whole content of a file of at most `limit` bytes. Failure: PathRefused with the reason.
@@ -50,6 +54,7 @@ private:
     std::filesystem::path resolved(std::string_view path) const;
     bool mayBeRoot(const std::filesystem::path& folder) const;
     bool isInside(const std::filesystem::path& file) const;
+    bool isOfTheGame(const std::filesystem::path& file) const;
 
     std::filesystem::path start_;
     std::optional<std::filesystem::path> root_;

@@ -7,37 +7,6 @@
 namespace player
 {
 
-namespace
-{
-
-constexpr int stepsBetweenChecks = 1000;
-
-ScriptMemory& memoryOf(lua_State* L)
-{
-    void* memory = nullptr;
-    lua_getallocf(L, &memory);
-    return *static_cast<ScriptMemory*>(memory);
-}
-
-// Keeps the window alive, however long a script takes for a frame.
-int pollMachine(lua_State* L)
-{
-    machineOf(L).poll();
-    return 0;
-}
-
-void check(lua_State* L, lua_Debug* /*where*/)
-{
-    ScriptMemory& memory = memoryOf(L);
-    if (memory.needsCollection()) {
-        lua_gc(L, LUA_GCCOLLECT, 0);
-        memory.noteCollection();
-    }
-    guarded<pollMachine>(L);
-}
-
-} // namespace
-
 Script::Script(Machine& machine)
     : machine_(machine)
     , state_(lua_newstate(ScriptMemory::allocate, &memory_))
@@ -49,7 +18,7 @@ Script::Script(Machine& machine)
     // Eager, since the limit is hard: Lua does not collect when a request is refused.
     lua_gc(state(), LUA_GCSETPAUSE, 150);
     lua_gc(state(), LUA_GCSETSTEPMUL, 400);
-    lua_sethook(state(), check, LUA_MASKCOUNT, stepsBetweenChecks);
+    watchSteps(state());
 }
 
 Outcome Script::run(std::string_view path)

@@ -26,6 +26,9 @@ public:
     /// As PadState::take().
     Buttons take() { return pad_.take(); }
 
+    /// As PadState::held().
+    Buttons held() const { return pad_.held(); }
+
 private:
     struct CloseController {
         void operator()(SDL_GameController* controller) const { SDL_GameControllerClose(controller); }

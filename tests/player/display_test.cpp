@@ -150,7 +150,7 @@ TEST(FrameScaler, DrawsEachPixelWhereItBelongs)
         constexpr int height = 5;
         constexpr int pitch = 9;
         std::vector<Pixel> pixels(static_cast<std::size_t>(pitch * height), 99);
-        drawEnlarged(picture, 0, 2, {pixels.data(), pitch, {width, height}}, place);
+        drawEnlarged(picture, {0, 2}, {pixels.data(), pitch, {width, height}}, place);
         for (int i = 0; i < pitch * height; ++i) {
             const int x = i % pitch - place.left;
             const int y = i / pitch - place.top;

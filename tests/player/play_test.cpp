@@ -139,5 +139,17 @@ TEST(Program, TellsByItsExitCodeHowTheGameEnded)
     EXPECT_EQ(folder.read("errors").substr(0, 6), "usage:");
 }
 
+TEST(Program, PrintsNoFlood)
+{
+    const TempFolder folder;
+    folder.write("index.lua", "print(1, nil, 'a') for i = 1, 20 do print(string.rep('x', 1000000)) end "
+                              "io.write(string.rep('y', 1000000))");
+    EXPECT_EQ(exitCodeOf(folder, "index.lua"), 0);
+    const std::string output = folder.read("output");
+    EXPECT_EQ(output.substr(0, 9), "1\tnil\ta\nx");
+    EXPECT_EQ(std::count(output.begin(), output.end(), 'x'), 16'000'000);
+    EXPECT_EQ(output.find('y'), std::string::npos);
+}
+
 } // namespace
 } // namespace player::testing

@@ -135,6 +135,69 @@ TEST(Script, IsClosedWhateverItDoes)
     }
 }
 
+TEST(Script, IsToldWhenItShowsNoFrame)
+{
+    struct Case {
+        const char* script;
+        const char* result;
+    };
+    const Case cases[] = {
+        {"pcall(function() while true do end end)", "false index.lua:1: no frame for 20 million steps"},
+        {"pcall(coroutine.wrap(function() while true do end end))",
+         "false index.lua:1: no frame for 20 million steps"},
+        // A tree of coroutines, each too short-lived to be looked at by itself.
+        {"pcall(function() local function grow(n) for i = 1, n do local co = coroutine.create(grow) "
+         "local ok, why = coroutine.resume(co, n - 1) if not ok then error(why, 0) end end end grow(30) end)",
+         "false index.lua:1: no frame for 20 million steps"},
+        {"pcall(function() local function grow(n) for i = 1, n do "
+         "local ok, why = coroutine.wrap(function() return pcall(grow, n - 1) end)() if not ok then "
+         "error(why, 0) end end end grow(30) end)",
+         "false index.lua:1: no frame for 20 million steps"},
+        // Counted anew after each error, and from each frame on.
+        {"pcall(function() pcall(function() while true do end end) for i = 1, 5e6 do local x = i + 1 end "
+         "end)",
+         "true"},
+        {"pcall(function() for n = 1, 3 do for i = 1, 5e6 do local x = i + 1 end screen.flip() end end)",
+         "true"},
+        {"pcall(function() for n = 1, 3 do for i = 1, 5e6 do local x = i + 1 end screen.waitVblankStart() "
+         "end "
+         "end)",
+         "true"},
+        {"pcall(function() for n = 1, 3 do for i = 1, 5e6 do local x = i + 1 end "
+         "screen.waitVblankStart(0) end end)",
+         "false index.lua:1: no frame for 20 million steps"},
+    };
+    for (const Case& c : cases) {
+        const Game game(
+            "local function join(a, b) return tostring(a) .. (b and ' ' .. b or '') end result = join(" +
+            std::string(c.script) + ")");
+        PlayerRun run(game.folder().path());
+        EXPECT_EQ(run.play(1'000'000), Outcome::Ended) << run.error();
+        EXPECT_EQ(run.value("result"), c.result) << c.script;
+    }
+}
+
+TEST(Script, MayBeLong)
+{
+    const TempFolder folder;
+    folder.write("long.lua", "result = 'read' --" + std::string(60U << 20U, 'x'));
+    folder.write("longer.lua", std::string((64U << 20U) + 1, ' '));
+    folder.write("dense.lua", [] {
+        std::string lines;
+        for (int i = 0; i < 2'000'000; ++i) {
+            lines += "x=x+y*z\n";
+        }
+        return lines;
+    }());
+    folder.write("index.lua", "dofile('long.lua') why = select(2, loadfile('longer.lua')) "
+                              "dense = select(2, pcall(dofile, 'dense.lua'))");
+    PlayerRun run(folder.path());
+    EXPECT_EQ(run.play(600), Outcome::Ended) << run.error();
+    EXPECT_EQ(run.value("result"), "read");
+    EXPECT_EQ(run.value("why"), "longer.lua: is too large");
+    EXPECT_EQ(run.value("dense"), "dense.lua: is too large: a script may take 64 MB of memory");
+}
+
 TEST(Script, GetsNothingThatLeavesTheMachine)
 {
     for (const char* name : {"package", "require", "module", "debug", "newproxy", "os.execute", "os.exit",

@@ -1,14 +1,11 @@
-#include "player/sdl_host.h"
+#include "player/sdl_window.h"
 
 #include "player/machine.h"
-#include "player/platform.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
 #include <stdexcept>
 #include <string_view>
-#include <thread>
+#include <utility>
 
 namespace player
 {
@@ -45,11 +42,6 @@ Target targetOf(const SDL_Surface& surface)
     return {static_cast<Pixel*>(surface.pixels), pitch, {surface.w, surface.h}};
 }
 
-bool sameRow(const Image& one, const Image& other, int y)
-{
-    return std::memcmp(one.row(y), other.row(y), screenWidth * sizeof(Pixel)) == 0;
-}
-
 } // namespace
 
 SdlVideo::SdlVideo()
@@ -69,8 +61,7 @@ SdlVideo::~SdlVideo()
     SDL_Quit();
 }
 
-SdlHost::SdlHost(const std::string& title)
-    : shown_(screenWidth, screenHeight, Image::Kind::AlwaysOpaque)
+SdlWindow::SdlWindow(const std::string& title)
 {
     const Area size = firstSize();
     window_.reset(SDL_CreateWindow(title.c_str(), SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.width,
@@ -84,36 +75,7 @@ SdlHost::SdlHost(const std::string& title)
     input_.startControllers();
 }
 
-void SdlHost::present(const Image& frame)
-{
-    if (outdated_) {
-        keepChangedRows(frame);
-        redraw();
-        return;
-    }
-    const Rows changed = keepChangedRows(frame);
-    if (changed.first < changed.last) {
-        showRows(changed);
-    }
-}
-
-// Most frames of a game equal the one before or differ in a few rows; only those go to the display.
-SdlHost::Rows SdlHost::keepChangedRows(const Image& frame)
-{
-    Rows rows{0, screenHeight};
-    while (rows.first < rows.last && sameRow(frame, shown_, rows.first)) {
-        ++rows.first;
-    }
-    while (rows.first < rows.last && sameRow(frame, shown_, rows.last - 1)) {
-        --rows.last;
-    }
-    for (int y = rows.first; y < rows.last; ++y) {
-        std::copy_n(frame.row(y), screenWidth, shown_.row(y));
-    }
-    return rows;
-}
-
-SDL_Surface* SdlHost::drawnSurface()
+SDL_Surface* SdlWindow::drawnSurface()
 {
     SDL_Surface* const surface = SDL_GetWindowSurface(window_.get());
     if (surface == nullptr || hasOurPixels(*surface)) {
@@ -126,7 +88,7 @@ SDL_Surface* SdlHost::drawnSurface()
     return staging_.get();
 }
 
-void SdlHost::showRows(Rows rows)
+void SdlWindow::show(const Image& picture, Rows rows)
 {
     SDL_Surface* const drawn = drawnSurface();
     if (drawn == nullptr) {
@@ -134,9 +96,16 @@ void SdlHost::showRows(Rows rows)
     }
     const Target target = targetOf(*drawn);
     const Placement place = centred(screenArea, target.size);
-    drawEnlarged(shown_, rows.first, rows.last, target, place);
-    const int top = std::max(place.top + rows.first * place.factor, 0);
-    const int bottom = std::min(place.top + rows.last * place.factor, target.size.height);
+    const bool all = std::exchange(outdated_, false);
+    if (all) {
+        // With the border round the picture.
+        SDL_FillRect(drawn, nullptr, 0);
+        rows = {0, screenHeight};
+    }
+    drawEnlarged(picture, rows, target, place);
+    const int top = all ? 0 : std::max(place.top + rows.first * place.factor, 0);
+    const int bottom =
+        all ? target.size.height : std::min(place.top + rows.last * place.factor, target.size.height);
     SDL_Rect band{0, top, target.size.width, bottom - top};
     if (drawn == staging_.get()) {
         SDL_BlitSurface(drawn, &band, SDL_GetWindowSurface(window_.get()), &band);
@@ -144,37 +113,18 @@ void SdlHost::showRows(Rows rows)
     SDL_UpdateWindowSurfaceRects(window_.get(), &band, 1);
 }
 
-// Everything, with the border round the picture.
-void SdlHost::redraw()
-{
-    SDL_Surface* const drawn = drawnSurface();
-    if (drawn == nullptr) {
-        return;
-    }
-    SDL_FillRect(drawn, nullptr, 0);
-    if (drawn == staging_.get()) {
-        SDL_FillRect(SDL_GetWindowSurface(window_.get()), nullptr, 0);
-    }
-    showRows({0, screenHeight});
-    SDL_UpdateWindowSurface(window_.get());
-    outdated_ = false;
-}
-
-void SdlHost::pumpEvents()
+void SdlWindow::pumpEvents()
 {
     SDL_Event event;
     while (SDL_PollEvent(&event) != 0) {
         handle(event);
     }
-    if (outdated_) {
-        redraw();
-    }
 }
 
-void SdlHost::handle(const SDL_Event& event)
+void SdlWindow::handle(const SDL_Event& event)
 {
     if (event.type == SDL_QUIT) {
-        askToClose();
+        closeAsked_ = true;
     } else if (event.type == SDL_WINDOWEVENT) {
         outdated_ = outdated_ || event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED ||
                     event.window.event == SDL_WINDOWEVENT_EXPOSED;
@@ -183,30 +133,10 @@ void SdlHost::handle(const SDL_Event& event)
     }
 }
 
-void SdlHost::askToClose()
-{
-    // The script is told to end. Should it find a way not to, the process ends all the same.
-    constexpr std::chrono::milliseconds patience{1500};
-    if (!closeAsked_) {
-        endProcessAfter(patience, EXIT_SUCCESS);
-    }
-    closeAsked_ = true;
-}
-
-bool SdlHost::hasViewer() const
+bool SdlWindow::hasViewer() const
 {
     const std::string_view driver = SDL_GetCurrentVideoDriver();
     return driver != "dummy" && driver != "offscreen";
-}
-
-Instant SdlHost::now()
-{
-    return std::chrono::steady_clock::now() - start_;
-}
-
-void SdlHost::sleepUntil(Instant when)
-{
-    std::this_thread::sleep_until(start_ + when);
 }
 
 } // namespace player

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "player/frame_scaler.h"
-#include "player/host.h"
 #include "player/image.h"
 #include "player/sdl_input.h"
 
-#include <chrono>
 #include <memory>
 #include <SDL.h>
 #include <string>
@@ -24,20 +22,29 @@ public:
     ~SdlVideo();
 };
 
-/// A window, the keyboard and game controllers.
-class SdlHost : public Host
+/// A window, the keyboard and game controllers. All calls come from the thread that made it.
+class SdlWindow
 {
 public:
     /// title: UTF-8. Failure: std::runtime_error with SDL's reason.
-    explicit SdlHost(const std::string& title);
+    explicit SdlWindow(const std::string& title);
 
-    void present(const Image& frame) override;
-    void pumpEvents() override;
-    bool closeAsked() const override { return closeAsked_; }
-    Buttons takeButtons() override { return input_.take(); }
-    bool hasViewer() const override;
-    Instant now() override;
-    void sleepUntil(Instant when) override;
+    /// Takes in what happened since the last call: keys, pads, the window.
+    void pumpEvents();
+
+    /// Shows these rows of a 480 x 272 picture, and the others too if the window lost them; alpha is ignored.
+    void show(const Image& picture, Rows rows);
+
+    /// True when the window lost what it showed.
+    bool isOutdated() const { return outdated_; }
+
+    /// True from the moment somebody asked to close the window.
+    bool closeAsked() const { return closeAsked_; }
+
+    /// False where nobody can see or close the window.
+    bool hasViewer() const;
+
+    SdlInput& input() { return input_; }
 
 private:
     struct DestroyWindow {
@@ -47,25 +54,14 @@ private:
         void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
     };
 
-    struct Rows {
-        int first;
-        int last;
-    };
-
     void handle(const SDL_Event& event);
-    void askToClose();
-    Rows keepChangedRows(const Image& frame);
-    void showRows(Rows rows);
-    void redraw();
     SDL_Surface* drawnSurface();
 
-    std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
     SdlVideo video_;
     std::unique_ptr<SDL_Window, DestroyWindow> window_;
     // Stands in where the window's own surface is not made of our pixels.
     std::unique_ptr<SDL_Surface, FreeSurface> staging_;
     SdlInput input_;
-    Image shown_;
     bool outdated_ = true;
     bool closeAsked_ = false;
 };
