@@ -1,7 +1,9 @@
 -- The map on the screen: its files, its picture, the hero's walk on it and its events.
 
-local jeu = jeu
+local jeu, string, math, io, Image = jeu, string, math, io, Image
+local type, tostring, tonumber, pcall, ipairs, pairs = type, tostring, tonumber, pcall, ipairs, pairs
 local display = jeu.display
+local place = jeu.place
 
 local tileWidth, tileHeight = 28, 29
 local mapLeft, mapTop = 2, 36
@@ -38,6 +40,27 @@ local function isBlocked(map, x, y)
     return string.sub(map.blocks, at, at) == "1"
 end
 
+-- The value of a key of projet.ini, the empty text when there is none. Names of sections and
+-- keys are the same in capitals and small letters; quotes round a value do not belong to it.
+function jeu.setting(section, key)
+    local file = io.open("projet.ini", "r")
+    if not file then
+        return ""
+    end
+    local inSection, value = false, nil
+    for line in file:lines() do
+        local _, _, head = string.find(line, "^%s*%[(.-)%]")
+        local _, _, name, text = string.find(line, "^%s*(.-)%s*=%s*(.-)%s*$")
+        if head then
+            inSection = string.lower(head) == string.lower(section)
+        elseif inSection and name and string.lower(name) == string.lower(key) then
+            value = value or string.gsub(text, "^([\"'])(.*)%1$", "%2")
+        end
+    end
+    file:close()
+    return value or ""
+end
+
 function jeu.mapExists(number)
     return type(number) == "string" and string.find(number, "^%d+$") ~= nil
         and readFile("map" .. number .. ".map") ~= ""
@@ -46,6 +69,7 @@ end
 -- ---------------------------------------------------------------- picture
 
 local background, veil
+local veilColors, fadeFrames = {}, 10
 local shownLife
 
 -- The pictures that last for the whole game. Those of the screen's size are made once: the
@@ -53,6 +77,9 @@ local shownLife
 function jeu.loadPlayPictures()
     background = Image.createEmpty(480, 272)
     veil = Image.createEmpty(480, 272)
+    for i = 0, fadeFrames do
+        veilColors[i] = Color.new(0, 0, 0, math.floor(255 * i / fadeFrames))
+    end
     jeu.heroPictures = { mort = jeu.loadPicture("images/personnages/hero/mort.png") }
     for i, side in ipairs({ "dos", "face", "droite", "gauche" }) do
         jeu.heroPictures[side] = {}
@@ -101,8 +128,8 @@ local function drawHero(offsetX, offsetY, step)
     if jeu.life <= 0 then
         picture = jeu.heroPictures.mort
     end
-    display:blit(mapLeft + (hero.x - 1) * tileWidth + offsetX,
-        mapTop + (hero.y - 1) * tileHeight + offsetY, picture)
+    display:blit(mapLeft + (place.x - 1) * tileWidth + offsetX,
+        mapTop + (place.y - 1) * tileHeight + offsetY, picture)
 end
 
 local function drawMap(offsetX, offsetY, step)
@@ -122,10 +149,12 @@ local function showStanding()
     display.flip()
 end
 
--- Darkens the map (from 0 to 1) or brings it back (from 1 to 0).
-local function fade(from, to)
-    for i = 1, 10 do
-        veil:clear(Color.new(0, 0, 0, math.floor(255 * (from + (to - from) * i / 10))))
+-- Darkens the map (step 1) or brings it back (step -1).
+local function fade(step)
+    local dark = step > 0 and 0 or fadeFrames
+    for i = 1, fadeFrames do
+        dark = dark + step
+        veil:clear(veilColors[dark])
         drawStanding()
         display:blit(0, 0, veil)
         display.flip()
@@ -135,8 +164,8 @@ end
 
 -- ------------------------------------------------------------ change of map
 
-local function startNumber(text, first)
-    return tonumber(string.sub(text, first, first + 1)) or 1
+local function startNumber(map, first)
+    return tonumber(string.sub(map.text, first, first + 1)) or 1
 end
 
 local function mapName(number)
@@ -144,63 +173,101 @@ local function mapName(number)
     return string.sub(name, 1, 32)
 end
 
--- Makes a map the current one and puts the hero on its start. What is missing is the answer,
--- and then nothing has changed.
-function jeu.openMap(number)
+-- The files of a map and the picture of its tiles; without a map, what is missing.
+local function loadMap(number)
     if not jeu.mapExists(number) then
-        return "There is no map " .. tostring(number) .. ": map" .. tostring(number) .. ".map is missing."
+        return nil, 'there is no map "' .. number .. '": map' .. number .. ".map is missing"
     end
     local loaded, sheet = pcall(jeu.loadPicture, "images/map" .. number .. "/terrain.png")
     if not loaded then
-        return tostring(sheet)
+        return nil, tostring(sheet)
     end
-    local text = readFile("map" .. number .. ".map")
-    jeu.map = { number = number, text = text, blocks = readFile("map" .. number .. ".ev") }
-    jeu.map.name = mapName(number)
-    paintMap(jeu.map, sheet)
-    jeu.putHero(startNumber(text, 1), startNumber(text, 3))
-    return nil
+    local map = { number = number, sheet = sheet, name = mapName(number) }
+    map.text = readFile("map" .. number .. ".map")
+    map.blocks = readFile("map" .. number .. ".ev")
+    return map
+end
+
+-- Once per game and map: the editor lets an author start the hero where the game cannot.
+local function checkStart(map, x, y)
+    if jeu.startsTold[map.number] then
+        return
+    end
+    jeu.startsTold[map.number] = true
+    local start = jeu.cellName(map.number, y, x)
+    if x ~= place.x or y ~= place.y then
+        jeu.tellLater(start .. ": the hero's start lies outside the map")
+    elseif isBlocked(map, x, y) then
+        jeu.tellLater(start .. ": the hero's start is a blocked cell")
+    end
+end
+
+-- Makes a loaded map the current one and puts the hero on its start, or where `arrival` says.
+local function enterMap(map, arrival)
+    jeu.map = map
+    jeu.probeEvents(map.number)
+    paintMap(map, map.sheet)
+    map.sheet = nil
+    -- The sheet is done with, and the handheld does not know how large the pictures are that it keeps.
+    collectgarbage()
+    local x, y = startNumber(map, 1), startNumber(map, 3)
+    jeu.putHero(x, y)
+    if arrival and (arrival.x or arrival.y) then
+        jeu.putHero(arrival.x, arrival.y)
+    else
+        checkStart(map, x, y)
+    end
+end
+
+-- Makes a map the current one, as enterMap. What is missing is the answer, and then nothing has
+-- changed.
+function jeu.openMap(number, arrival)
+    local map, missing = loadMap(number)
+    if map then
+        enterMap(map, arrival)
+    end
+    return missing
 end
 
 -- Asks for another map. The change waits for the end of the event, whose other lines still
--- belong to this map.
+-- belong to this map; only where they put the hero is meant for the other one.
 function runmap(number)
+    if number == nil then
+        jeu.complain("runmap needs the number of a map in quotes")
+        return
+    end
     if type(number) == "number" and number < 10 then
         number = "0" .. number
     end
-    jeu.nextMap = tostring(number)
+    jeu.nextMap, jeu.arrival = tostring(number), {}
+    jeu.askedAt = jeu.here()
 end
 
-local function changeMap()
-    local number = jeu.nextMap
-    jeu.nextMap = nil
-    if not number then
+local function changeMap(number, arrival)
+    local map, missing = loadMap(number)
+    if not map then
+        jeu.tellLater(jeu.askedAt .. ": " .. missing)
         return
     end
-    fade(0, 1)
-    local missing = jeu.openMap(number)
-    fade(1, 0)
-    if missing then
-        jeu.say(missing)
-    end
+    fade(1)
+    enterMap(map, arrival)
+    fade(-1)
 end
 
 -- ----------------------------------------------------------------- events
 
--- Runs the event of a cell to its end. A mistake in its lines ends the event, not the game.
+-- Runs the event of a cell, tells what was wrong with it and goes to the map it asked for.
 local function runEvent(x, y)
-    if type(runev) ~= "function" then
-        return
-    end
-    local ran, message = pcall(runev, x, y, jeu.map.number)
+    jeu.runLines(jeu.map.number, y, x)
+    local number, arrival = jeu.nextMap, jeu.arrival
+    jeu.nextMap, jeu.arrival = nil, nil
     if jeu.settleHero() then
         showStanding()
     end
-    if not ran then
-        jeu.say("The event of column " .. x .. ", row " .. y .. " stopped: " .. tostring(message))
-    end
-    if jeu.life > 0 then
-        changeMap()
+    jeu.tellMessages()
+    if number and jeu.life > 0 then
+        changeMap(number, arrival)
+        jeu.tellMessages()
     end
 end
 
@@ -255,7 +322,7 @@ end
 local function walk(way)
     local turned = jeu.facing ~= way.side
     jeu.facing = way.side
-    local x, y = hero.x + way.x, hero.y + way.y
+    local x, y = place.x + way.x, place.y + way.y
     if isOnMap(x, y) and not isBlocked(jeu.map, x, y) then
         animateStep(way)
         jeu.putHero(x, y)
@@ -271,7 +338,7 @@ end
 local function facedCell()
     for name, way in pairs(ways) do
         if way.side == jeu.facing then
-            return hero.x + way.x, hero.y + way.y
+            return place.x + way.x, place.y + way.y
         end
     end
 end

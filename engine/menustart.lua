@@ -1,6 +1,8 @@
--- The menus, of the title and in the game, and the saved game that they offer.
+-- What lies over the game: the talk box and the menus, of the title and in the game, and the
+-- saved game that they offer.
 
-local jeu = jeu
+local jeu, string, table, math, io = jeu, string, table, math, io
+local type, tostring, tonumber, pcall, ipairs, pairs = type, tostring, tonumber, pcall, ipairs, pairs
 local display = jeu.display
 
 -- --------------------------------------------------------- the saved game
@@ -56,7 +58,8 @@ end
 local function saveText()
     local place = { map = jeu.map.number, facing = jeu.facing }
     local variables = type(var) == "table" and var or {}
-    return saveHead .. "\n" .. tableText("place", place) .. tableText("hero", hero)
+    local body = { x = jeu.place.x, y = jeu.place.y, vie = jeu.life }
+    return saveHead .. "\n" .. tableText("place", place) .. tableText("hero", body) .. tableText("hero", hero)
         .. tableText("var", variables) .. saveEnd .. "\n"
 end
 
@@ -97,13 +100,131 @@ local function parseSave()
         end
     end
     file:close()
-    return whole and jeu.mapExists(save.place.map) and save or nil
+    local number = save.place.map
+    return whole and type(number) == "string" and string.find(number, "^%d+$") and save or nil
 end
 
 -- The saved game as tables, or nil when there is none that can be used.
 function jeu.readSave()
     local readable, save = pcall(parseSave)
     return readable and save or nil
+end
+
+-- ------------------------------------------------------------ the talk box
+
+local boxLeft, boxTop = 8, 180
+local textLeft, textTop = 24, 194
+local lineHeight, lineWidth, linesPerPage = 12, 54, 5
+
+-- The first piece of `text` that fits one line, and what is left of it. Breaks at a blank; a
+-- word longer than the line is cut.
+local function splitLine(text)
+    if string.len(text) <= lineWidth then
+        return text, nil
+    end
+    for i = lineWidth + 1, 2, -1 do
+        if string.sub(text, i, i) == " " then
+            local first, last = string.find(text, "^ +", i)
+            return string.sub(text, 1, i - 1), string.sub(text, last + 1)
+        end
+    end
+    return string.sub(text, 1, lineWidth), string.sub(text, lineWidth + 1)
+end
+
+local function addWrapped(lines, paragraph)
+    local rest = paragraph
+    while rest do
+        local line
+        line, rest = splitLine(rest)
+        table.insert(lines, line)
+        if rest == "" then
+            rest = nil
+        end
+    end
+end
+
+-- All lines of a text. Only line feeds and tabs mean something here; other bytes, accented
+-- letters among them, go to the screen as they are.
+local function wrap(text)
+    local lines = {}
+    text = string.gsub(string.gsub(text, "\r", ""), "\t", "    ")
+    local start = 1
+    while true do
+        local feed = string.find(text, "\n", start, true)
+        addWrapped(lines, string.sub(text, start, (feed or 0) - 1))
+        if not feed then
+            return lines
+        end
+        start = feed + 1
+    end
+end
+
+-- A triangle when another page follows, a square after the last one.
+local function drawMark(more)
+    for i = 0, 4 do
+        local inset = more and i or 0
+        display:fillRect(444 + inset, 251 + i, 10 - 2 * inset, 1, jeu.gold)
+    end
+end
+
+local function drawPage(lines, first, more)
+    jeu.drawScene()
+    display:blit(boxLeft, boxTop, jeu.talkPicture)
+    for i = 0, linesPerPage - 1 do
+        if lines[first + i] then
+            jeu.print(display, textLeft, textTop + i * lineHeight, lines[first + i])
+        end
+    end
+    drawMark(more)
+    display.flip()
+end
+
+-- Waits for a press that began after this call.
+local function waitForCross()
+    jeu.readPad()
+    repeat
+        jeu.nextFrame()
+    until jeu.fresh.cross
+    jeu.fresh.cross = false
+end
+
+-- Shows a text, page by page, over the game, and waits for cross after each page.
+function jeu.say(text)
+    local lines = wrap(text)
+    local first = 1
+    while lines[first] do
+        local following = first + linesPerPage
+        drawPage(lines, first, lines[following])
+        waitForCross()
+        first = following
+    end
+    jeu.drawScene()
+    display.flip()
+end
+
+function affichertexte(text)
+    jeu.settleHero()
+    if text == nil then
+        jeu.complain("there is no text to show; a text needs quotes")
+        return
+    end
+    jeu.say(tostring(text))
+end
+
+-- Keeps a message for the author; a loop gives the same one only once.
+function jeu.tellLater(text)
+    if not jeu.messages[text] then
+        jeu.messages[text] = true
+        table.insert(jeu.messages, text)
+    end
+end
+
+function jeu.tellMessages()
+    local messages = jeu.messages
+    jeu.messages = {}
+    for i, text in ipairs(messages) do
+        jeu.say(text)
+    end
 end
 
 -- ------------------------------------------------------------------ menus
@@ -199,24 +320,28 @@ end
 
 -- Puts the hero, the variables and the place of a saved game over those of a new one.
 local function restore(save)
-    copyInto(hero, save.hero)
+    local body = save.hero
+    jeu.putHero(body.x, body.y)
+    local life = tonumber(body.vie)
+    jeu.life = life and life == life and life or jeu.life
+    body.x, body.y, body.vie = nil, nil, nil
+    copyInto(hero, body)
     if type(var) == "table" then
         copyInto(var, save.var)
     end
     if type(jeu.heroPictures[save.place.facing]) == "table" then
         jeu.facing = save.place.facing
     end
-    jeu.settleHero()
 end
 
 -- Starts a game: a new one, or `save` when there is one. Opening a map puts the hero on its
 -- start, so the saved cell comes after it.
 local function startGame(save)
     jeu.reset()
-    local missing = jeu.openMap(save and save.place.map or jeu.firstMap)
+    local missing = jeu.openMap(save and save.place.map or jeu.firstMap, save and save.hero)
     if missing then
         jeu.drawScene = drawTitle
-        jeu.say(missing)
+        jeu.say("The game cannot start: " .. missing .. ".")
         return
     end
     if save then

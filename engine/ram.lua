@@ -1,10 +1,12 @@
 -- What the game remembers, and the tools that the other scripts share: pictures, buttons,
--- the hero, the talk box and the game's settings.
+-- the hero and the events.
 --
 -- Lines of events use these globals: hero (x, y: the cell, from 1; vie: the life), var,
 -- affichertexte, runmap and screen.
 
-local jeu = jeu
+local jeu, string, table, math, io, Image, Controls = jeu, string, table, math, io, Image, Controls
+local type, tostring, tonumber, error = type, tostring, tonumber, error
+local pcall, ipairs, pairs = pcall, ipairs, pairs
 local display = screen
 
 jeu.display = display
@@ -23,7 +25,9 @@ jeu.red = Color.new(186, 48, 56)
 function jeu.loadPicture(path)
     local loaded, picture = pcall(Image.load, path)
     if not loaded or not picture then
-        error("The picture " .. path .. " cannot be loaded (" .. tostring(picture) .. ")", 0)
+        local reason = tostring(picture)
+        local _, last = string.find(reason, path .. ": ", 1, true)
+        error("the picture " .. path .. " cannot be loaded: " .. string.sub(reason, (last or 0) + 1), 0)
     end
     return picture
 end
@@ -68,167 +72,293 @@ end
 
 -- ---------------------------------------------------------------- the hero
 
-local place = { x = 1, y = 1 }
+-- The cell, from 1, on which the hero stands, and the life.
+jeu.place = { x = 1, y = 1 }
+jeu.life = jeu.startLife
 
-local function within(value, last, before)
+local place = jeu.place
+local changed = false
+
+local function wholeNumber(value)
     local number = tonumber(value)
-    if not number or number ~= number then
-        return before
-    end
-    return math.max(1, math.min(last, math.floor(number)))
+    return number and number == number and math.floor(number)
 end
 
--- Lines of events are typed by hand: whatever they left in the hero becomes a cell of the map
--- and a number of life points again, or the value before. Says whether anything changed.
-function jeu.settleHero()
-    if type(hero) ~= "table" then
-        hero = jeu.hero
+local function nameOf(value)
+    return value == nil and "a name without a value" or tostring(value)
+end
+
+-- A line after runmap means a cell of the map that comes.
+local function setCell(key, last, value)
+    local number = wholeNumber(value)
+    if not number or number < 1 or number > last then
+        jeu.complain("hero." .. key .. " needs a number from 1 to " .. last .. ", not " .. nameOf(value))
+    elseif jeu.arrival then
+        jeu.arrival[key] = number
+    elseif place[key] ~= number then
+        place[key] = number
+        changed = true
     end
-    jeu.hero = hero
-    local x = within(hero.x, jeu.columns, place.x)
-    local y = within(hero.y, jeu.rows, place.y)
-    local life = tonumber(hero.vie)
+end
+
+local function setLife(value)
+    local life = tonumber(value)
     if not life or life ~= life then
-        life = jeu.life
+        jeu.complain("hero.vie needs a number, not " .. nameOf(value))
+    elseif jeu.life ~= life then
+        jeu.life = life
+        changed = true
     end
-    local changed = x ~= place.x or y ~= place.y or life ~= jeu.life
-    place.x, place.y, jeu.life = x, y, life
-    hero.x, hero.y, hero.vie = x, y, life
-    return changed
+end
+
+-- The table of the hero keeps what authors add. Cell and life are looked at as they are set,
+-- while the line that does it is known.
+local guard = {}
+
+function guard.__index(fields, key)
+    if key == "vie" then
+        return jeu.life
+    end
+    return jeu.arrival and jeu.arrival[key] or place[key]
+end
+
+function guard.__newindex(fields, key, value)
+    if key == "x" then
+        setCell(key, jeu.columns, value)
+    elseif key == "y" then
+        setCell(key, jeu.rows, value)
+    elseif key == "vie" then
+        setLife(value)
+    else
+        rawset(fields, key, value)
+    end
+end
+
+-- An author's line may have put another table in the hero's place: its fields become the
+-- hero's. Says whether the hero looks different since the last call.
+function jeu.settleHero()
+    if hero ~= jeu.hero then
+        local given = hero
+        hero = jeu.hero
+        for key, value in pairs(type(given) == "table" and given or {}) do
+            hero[key] = value
+        end
+    end
+    local was = changed
+    changed = false
+    return was
+end
+
+local function within(value, last, before)
+    local number = wholeNumber(value)
+    return number and math.max(1, math.min(last, number)) or before
 end
 
 -- Puts the hero on a cell, or on the nearest one of the map.
 function jeu.putHero(x, y)
-    hero.x, hero.y = x, y
-    jeu.settleHero()
+    place.x = within(x, jeu.columns, place.x)
+    place.y = within(y, jeu.rows, place.y)
 end
 
--- Runs a script of the author's; what is wrong with it is told once the map is on the screen.
-local function runAuthorScript(path)
-    local ran, message = pcall(dofile, path)
-    if not ran then
-        jeu.tellLater(path .. " has a mistake and is left out: " .. tostring(message))
+-- ------------------------------------------------------------- the events
+
+-- cells: the lines of each cell by its name, if Lua refuses ev.lua as a whole.
+local cells, checked, refused
+
+local function compile(name, text)
+    local make, message = loadstring("return function(colonne,ligne,map) " .. text .. "\nend", "=" .. name)
+    return make and make(), message
+end
+
+-- The cells of ev.lua, nothing for a file without cells, and how many Lua refuses. Some of
+-- those are named.
+local function findCells()
+    local found, wrong, any = {}, 0, false
+    jeu.eachCell(function(name, head, lines, count)
+        local text = jeu.textOf(lines, count)
+        any = true
+        if string.find(text, "%S") then
+            found[name] = text
+            local run, message = compile(name, text)
+            wrong = wrong + (run and 0 or 1)
+            if not run and wrong <= 3 then
+                jeu.tellLater(jeu.describeFault(name, text, message))
+            end
+        end
+    end)
+    if wrong > 3 then
+        jeu.tellLater("and " .. wrong - 3 .. " more")
+    end
+    return any and found, wrong
+end
+
+local function loadEvents()
+    runev, cells, checked, refused = nil, nil, {}, {}
+    jeu.forgetPlaces()
+    local loaded, message = pcall(dofile, "ev.lua")
+    if loaded then
+        return
+    end
+    local wrong
+    cells, wrong = findCells()
+    if not cells then
+        jeu.tellLater("ev.lua has a mistake and is left out: " .. tostring(message))
+    elseif wrong == 0 then
+        jeu.tellLater("ev.lua is run cell by cell: " .. tostring(message))
+    end
+end
+
+-- The lines of a cell without the empty first one; nil if it has none.
+local function linesOfCell(name, map, row, column)
+    if cells then
+        return cells[name]
+    end
+    local file = io.open("ev/map" .. map .. "/ev" .. row .. column, "rb")
+    local text = file and string.gsub(file:read("*a") or "", "^\r\n", "")
+    if file then
+        file:close()
+    end
+    return text
+end
+
+-- Lua takes an ev.lua in which an "end" too many has its "if" further down, and runs lines
+-- where they do not belong. Each cell by itself shows the wrong ones and saves the others.
+local function separateCells()
+    if not cells then
+        local found, wrong = findCells()
+        cells = wrong > 0 and found or nil
+    end
+end
+
+local function refuse()
+    error("no line may run")
+end
+
+local nothing = setmetatable({}, { __index = refuse, __newindex = refuse })
+
+-- Runs the events for no cell of a map. Whatever a line of theirs does then shows that it lies
+-- outside its cell.
+function jeu.probeEvents(map)
+    if type(runev) == "function" and pcall(setfenv, runev, nothing) then
+        local isEmpty = pcall(runev, 0, 0, map)
+        setfenv(runev, jeu.globals)
+        if not isEmpty then
+            separateCells()
+        end
+    end
+end
+
+-- What Lua would let pass in a cell that runs for the first time.
+local function newSlips(name, map, row, column)
+    local text = not checked[name] and linesOfCell(name, map, row, column)
+    checked[name] = true
+    if not text then
+        return {}
+    end
+    if not compile(name, text) then
+        separateCells()
+    end
+    local slips = {}
+    for i, slip in ipairs(jeu.slipsOf(text)) do
+        if jeu.isSlip(slip) then
+            table.insert(slips, slip)
+        end
+    end
+    return slips
+end
+
+-- The function to run for a cell. A cell that Lua refuses says so when it is met first.
+local function functionOf(name)
+    if not cells then
+        return runev
+    end
+    local run, message = nil, nil
+    if cells[name] and not refused[name] then
+        run, message = compile(name, cells[name])
+        if not run then
+            refused[name] = true
+            jeu.tellLater(jeu.describeFault(name, cells[name], message))
+        end
+    end
+    return run
+end
+
+-- Tells the slips that still are some after the event, but not what failed by itself.
+local function tellSlips(slips, name, failure)
+    for i, slip in ipairs(slips) do
+        local place = name .. ", line " .. slip.line .. ": "
+        if jeu.isSlip(slip) and not string.find(failure, place, 1, true) then
+            jeu.tellLater(place .. slip.words)
+        end
+    end
+end
+
+-- Runs the event of a cell of the map to its end. A mistake in its lines ends the event, not
+-- the game; what is wrong is kept to be told.
+function jeu.runLines(map, row, column)
+    local name = jeu.cellName(map, row, column)
+    jeu.currentCell = name
+    local slips = newSlips(name, map, row, column)
+    local run = functionOf(name)
+    local ran, message = true, nil
+    if type(run) == "function" then
+        ran, message = xpcall(function()
+            run(column, row, map)
+        end, jeu.withPlace)
+    end
+    changed = jeu.settleHero()
+    local failure = not ran and jeu.describeError(tostring(message), name)
+    tellSlips(slips, name, failure or "")
+    if failure then
+        jeu.tellLater(failure)
+    end
+    jeu.currentCell = nil
+end
+
+-- ------------------------------------------------------------- a new game
+
+-- Runs what can be run of a script whose lines stand for themselves. Answers whether a wrong
+-- line was found and told.
+local function runLineByLine(path)
+    local file = io.open(path, "rb")
+    if not file then
+        return false
+    end
+    local number, told = 0, false
+    for line in file:lines() do
+        number = number + 1
+        local set, message = loadstring(line, "=" .. path)
+        if set then
+            pcall(set)
+        elseif not told then
+            told = true
+            jeu.tellLater(path .. ", line " .. number .. ": " .. jeu.syntaxWords(line, message))
+        end
+    end
+    file:close()
+    return told
+end
+
+local function loadVariables()
+    var = {}
+    local ran, message = pcall(dofile, "variables.lua")
+    if not ran and not runLineByLine("variables.lua") then
+        jeu.tellLater("variables.lua has a mistake: " .. tostring(message))
     end
 end
 
 -- A new game's hero, variables and events.
 function jeu.reset()
-    hero = { x = 1, y = 1, vie = jeu.startLife }
-    jeu.settleHero()
-    jeu.facing = "face"
-    jeu.nextMap = nil
     jeu.messages = {}
-    var = {}
-    runAuthorScript("variables.lua")
-    runev = nil
-    runAuthorScript("ev.lua")
-end
-
--- ------------------------------------------------------------ the talk box
-
-local boxLeft, boxTop = 8, 180
-local textLeft, textTop = 24, 194
-local lineHeight, lineWidth, linesPerPage = 12, 54, 5
-
--- The first piece of `text` that fits one line, and what is left of it. Breaks at a blank; a
--- word longer than the line is cut.
-local function splitLine(text)
-    if string.len(text) <= lineWidth then
-        return text, nil
-    end
-    for i = lineWidth + 1, 2, -1 do
-        if string.sub(text, i, i) == " " then
-            local first, last = string.find(text, "^ +", i)
-            return string.sub(text, 1, i - 1), string.sub(text, last + 1)
-        end
-    end
-    return string.sub(text, 1, lineWidth), string.sub(text, lineWidth + 1)
-end
-
-local function addWrapped(lines, paragraph)
-    local rest = paragraph
-    while rest do
-        local line
-        line, rest = splitLine(rest)
-        table.insert(lines, line)
-        if rest == "" then
-            rest = nil
-        end
-    end
-end
-
--- All lines of a text. Only line feeds and tabs mean something here; other bytes, accented
--- letters among them, go to the screen as they are.
-local function wrap(text)
-    local lines = {}
-    text = string.gsub(string.gsub(text, "\r", ""), "\t", "    ")
-    local start = 1
-    while true do
-        local feed = string.find(text, "\n", start, true)
-        addWrapped(lines, string.sub(text, start, (feed or 0) - 1))
-        if not feed then
-            return lines
-        end
-        start = feed + 1
-    end
-end
-
--- A triangle when another page follows, a square after the last one.
-local function drawMark(more)
-    for i = 0, 4 do
-        local inset = more and i or 0
-        display:fillRect(444 + inset, 251 + i, 10 - 2 * inset, 1, jeu.gold)
-    end
-end
-
-local function drawPage(lines, first, more)
-    jeu.drawScene()
-    display:blit(boxLeft, boxTop, jeu.talkPicture)
-    for i = 0, linesPerPage - 1 do
-        if lines[first + i] then
-            jeu.print(display, textLeft, textTop + i * lineHeight, lines[first + i])
-        end
-    end
-    drawMark(more)
-    display.flip()
-end
-
--- Waits for a press that began after this call.
-local function waitForCross()
-    jeu.readPad()
-    repeat
-        jeu.nextFrame()
-    until jeu.fresh.cross
-    jeu.fresh.cross = false
-end
-
--- Shows a text, page by page, over the game, and waits for cross after each page.
-function jeu.say(text)
-    local lines = wrap(text)
-    local first = 1
-    while lines[first] do
-        local following = first + linesPerPage
-        drawPage(lines, first, lines[following])
-        waitForCross()
-        first = following
-    end
-    jeu.drawScene()
-    display.flip()
-end
-
-function affichertexte(text)
-    jeu.settleHero()
-    jeu.say(tostring(text))
-end
-
-function jeu.tellLater(text)
-    table.insert(jeu.messages, text)
-end
-
-function jeu.tellMessages()
-    while jeu.messages[1] do
-        jeu.say(table.remove(jeu.messages, 1))
-    end
+    hero = setmetatable({}, guard)
+    jeu.hero = hero
+    jeu.putHero(1, 1)
+    jeu.life = jeu.startLife
+    jeu.facing = "face"
+    jeu.nextMap, jeu.arrival = nil, nil
+    jeu.startsTold = {}
+    loadVariables()
+    loadEvents()
 end
 
 -- --------------------------------------------------------- waits of events
@@ -240,6 +370,10 @@ local eventScreen = {}
 function eventScreen.waitVblankStart(frames, count)
     if frames == eventScreen then
         frames = count
+    end
+    if frames ~= nil and not tonumber(frames) then
+        jeu.complain("a pause needs a number of frames, not " .. tostring(frames))
+        return
     end
     if jeu.drawScene and jeu.settleHero() then
         jeu.drawScene()
@@ -253,35 +387,14 @@ local function relay(screenOfEvents, name)
     if type(member) ~= "function" then
         return member
     end
-    return function(first, a, b, c, d, e, f)
+    local function call(first, a, b, c, d, e, f, g)
         if first == screenOfEvents then
             first = display
         end
-        return member(unpack({ first, a, b, c, d, e, f }))
+        return member(unpack({ first, a, b, c, d, e, f, g }))
     end
+    rawset(screenOfEvents, name, call)
+    return call
 end
 
 screen = setmetatable(eventScreen, { __index = relay })
-
--- ---------------------------------------------------------- settings file
-
--- The value of a key of projet.ini, the empty text when there is none. Names of sections and
--- keys are the same in capitals and small letters.
-function jeu.setting(section, key)
-    local file = io.open("projet.ini", "r")
-    if not file then
-        return ""
-    end
-    local inSection, value = false, nil
-    for line in file:lines() do
-        local _, _, head = string.find(line, "^%s*%[(.-)%]")
-        local _, _, name, text = string.find(line, "^%s*(.-)%s*=%s*(.-)%s*$")
-        if head then
-            inSection = string.lower(head) == string.lower(section)
-        elseif inSection and name and string.lower(name) == string.lower(key) then
-            value = value or text
-        end
-    end
-    file:close()
-    return value or ""
-end

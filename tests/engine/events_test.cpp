@@ -1,8 +1,8 @@
 #include "tests/engine/game.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace engine::testing
@@ -60,8 +60,8 @@ TEST(Events, PutTheHeroOnACellOfTheMapWhateverTheirLinesSay)
     const std::pair<const char*, const char*> moves[] = {
         {"hero.x = 9 -- D\xE9placement du h\xE9ro(vertical)\r\nhero.y = 3", "9,3"},
         {"hero.x = \"7\"", "7,5"},
-        {"hero.y = 9", "5,8"},
-        {"hero.x = -1e300 hero.y = 1/0", "1,8"},
+        {"hero.y = 9", "5,5"},
+        {"hero.x = -1e300 hero.y = 1/0", "5,5"},
         {"hero.x = 2.9", "2,5"},
         {"hero.x = 0/0 hero.y = nil", "5,5"},
         {"hero.x = \"abc\" hero.y = {}", "5,5"},
@@ -71,7 +71,7 @@ TEST(Events, PutTheHeroOnACellOfTheMapWhateverTheirLinesSay)
     for (const auto& [lines, expected] : moves) {
         Game game;
         game.event(5, 5, lines);
-        for (const auto& [x, y] : {std::pair(9, 3), {7, 5}, {5, 8}, {1, 8}, {2, 5}, {3, 5}}) {
+        for (const auto& [x, y] : {std::pair(9, 3), {7, 5}, {2, 5}, {3, 5}}) {
             game.event(x, y, "again = true");
         }
         game.begin();
@@ -108,36 +108,28 @@ TEST(Events, ShowTheirChangesBeforeTheyPause)
 
 TEST(Events, ChangeTheMapAtTheirEnd)
 {
-    Game game;
-    game.map("02", "1002");
-    game.event(5, 5, "runmap(\"02\")\r\nduring = jeu.map.number .. hero.x\r\nhero.vie = hero.vie - 10");
-    game.begin();
-    game.walk(button::right, 1);
-    game.wait(30);
-    game.run();
-    EXPECT_EQ(game.value("during"), "015");
-    EXPECT_EQ(game.value("jeu.map.number .. ' ' .. hero.x .. ',' .. hero.y"), "02 10,2");
-    EXPECT_EQ(game.value("hero.vie"), "90");
-}
-
-TEST(Events, NameTheMapThatIsMissingAndTheGameGoesOn)
-{
-    const std::pair<const char*, const char*> targets[] = {{"03", "map03.map is missing"},
-                                                           {"", "There is no map "},
-                                                           {"../01", "There is no map ../01"},
-                                                           {"04", "images/map04/terrain.png"}};
-    for (const auto& [number, message] : targets) {
+    // Where the hero was during the event and where it is after it.
+    const std::tuple<const char*, const char*, const char*> events[] = {
+        {"runmap(\"02\")", "01 5,5", "02 10,2"},
+        {"runmap(\"02\")\r\nhero.x = 3\r\nhero.y = 7", "01 3,7", "02 3,7"},
+        {"hero.x = 3\r\nrunmap(\"02\")\r\nhero.y = 8", "01 3,8", "02 10,8"},
+        {"hero.x = 3\r\nhero.y = 7\r\nrunmap(\"02\")", "01 3,7", "02 10,2"},
+        {"runmap(\"02\")\r\nhero.x = 3\r\nrunmap(2)", "01 5,5", "02 10,2"},
+        {"runmap(\"03\")\r\nhero.x = 3\r\nhero.y = 7", "01 3,7", "01 5,5"},
+    };
+    for (const auto& [lines, during, after] : events) {
         Game game;
-        game.map("04", "0101");
-        game.event(5, 5, std::string("runmap(\"") + number + "\")");
+        game.map("02", "1002");
+        game.event(5, 5,
+                   lines + std::string("\r\nduring = jeu.map.number .. ' ' .. hero.x .. ',' .. hero.y\r\n"
+                                       "hero.vie = hero.vie - 10"));
         game.begin();
         game.walk(button::right, 1);
         game.wait(30);
-        game.press(button::cross);
-        game.walk(button::right, 1);
         game.run();
-        EXPECT_TRUE(contains(game.pages(), message)) << game.pages();
-        EXPECT_EQ(game.value("jeu.map.number .. hero.x"), "016");
+        EXPECT_EQ(game.value("during"), during) << lines;
+        EXPECT_EQ(game.value("jeu.map.number .. ' ' .. hero.x .. ',' .. hero.y"), after) << lines;
+        EXPECT_EQ(game.value("hero.vie"), "90");
     }
 }
 
@@ -178,11 +170,11 @@ TEST(Events, TellTheirMistakesAndTheGameGoesOn)
         {"ev.lua", "function runev(colonne,ligne,map)\r\naffichertexte(\"a\"b\")\r\nend\r\n", "ev.lua:2:"},
         {"ev.lua", "function runev()\r\nend\r\nend\r\n", "ev.lua:3:"},
         {"ev.lua", "function runev()\r\n\r\nlocal x = 1 + nil\r\nend\r\n",
-         "column 5, row 5 stopped: ev.lua:3:"},
-        {"ev.lua", "function runev() error({}) end", "stopped: table:"},
+         "map 01, row 5, column 5: ev.lua:3:"},
+        {"ev.lua", "function runev() error({}) end", "column 5: ev.lua:1: table:"},
         {"ev.lua", "function runev() return runev() + 1 end", "stack overflow"},
         {"ev.lua", "function runev() jeu = nil var = 5 nothing() end", "'nothing'"},
-        {"variables.lua", "var = {}\r\nvar[1] = \"a\"b\"\r\n", "variables.lua:2:"},
+        {"variables.lua", "var = {}\r\nvar[1] = \"a\"b\"\r\n", "variables.lua, line 2: a quote"},
     };
     for (const Mistake& mistake : mistakes) {
         Game game;
@@ -195,12 +187,35 @@ TEST(Events, TellTheirMistakesAndTheGameGoesOn)
         game.press(button::cross);
         game.wait(2);
         EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
-        // The words of a long message are on several lines.
-        std::string told = game.pages();
-        std::replace(told.begin(), told.end(), '|', ' ');
-        EXPECT_TRUE(contains(told, mistake.message)) << told;
+        EXPECT_TRUE(contains(game.told(), mistake.message)) << game.told();
         EXPECT_EQ(game.value(place), "5,4") << mistake.message;
     }
+}
+
+TEST(Events, DrawOnTheScreenWithEveryArgument)
+{
+    Game game;
+    game.event(5, 5,
+               "local dot = Image.createEmpty(4, 4)\r\ndot:clear(Color.new(255, 0, 0))\r\nscreen:clear()\r\n"
+               "screen:blit(0, 0, dot, 1, 1, 3, 2)\r\nreds = ''\r\nfor y = 0, 3 do\r\n"
+               "reds = reds .. screen:pixel(0, y):colors().r .. ' '\r\nend");
+    game.begin();
+    game.walk(button::right, 1);
+    game.run();
+    EXPECT_EQ(game.value("reds"), "255 255 0 0 ");
+}
+
+TEST(Events, MayCallTheirOwnThingsAsTheyLike)
+{
+    Game game;
+    game.event(5, 5,
+               "jeu, string, table, math, io = 1, 2, 3, 4, 5\r\ntype, pairs, ipairs, pcall = 1, 2, 3, 4\r\n"
+               "tonumber, error, Controls, Image = 1, 2, 3, 4");
+    game.event(6, 5, "affichertexte(\"still here\")");
+    game.begin();
+    game.walk(button::right, 2);
+    EXPECT_EQ(game.run(), Outcome::Closed);
+    EXPECT_TRUE(contains(game.pages(), "still here"));
 }
 
 TEST(Events, AreNotNeededForAGame)

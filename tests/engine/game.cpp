@@ -2,6 +2,7 @@
 
 #include "player/code_page.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 
@@ -55,13 +56,9 @@ std::string repeated(std::string_view line, int times)
 void copyPictures(const fs::path& images)
 {
     const fs::path pictures = sourceFolder() / "data/images";
-    for (const char* folder : {"map01", "map02", "personnages"}) {
-        fs::create_directories(images / folder);
-    }
+    fs::create_directories(images / "personnages");
     fs::copy(pictures / "personnages/perso01", images / "personnages/hero");
     fs::copy(pictures / "system/theme01", images / "System");
-    fs::copy_file(pictures / "terrains/terrain01/terrain01.png", images / "map01/terrain.png");
-    fs::copy_file(pictures / "terrains/terrain04/terrain01.png", images / "map02/terrain.png");
 }
 
 } // namespace
@@ -105,14 +102,37 @@ void Game::remove(const std::string& name) const
 void Game::map(const std::string& number, const std::string& start, const std::string& blocks) const
 {
     const std::string end = "\r\n";
+    const fs::path images = folder_.path() / project_ / "images" / ("map" + number);
+    fs::create_directories(images);
+    const char* const terrain = number == "01" ? "terrain01" : "terrain04";
+    fs::copy_file(sourceFolder() / "data/images/terrains" / terrain / "terrain01.png", images / "terrain.png",
+                  fs::copy_options::skip_existing);
     file("map" + number + ".map", start + end + repeated(std::string(17, '0') + end, 8) + end + end);
     file("map" + number + ".ev", blocks.empty() ? repeated(std::string(17, '0') + end, 8) + end : blocks);
 }
 
-void Game::event(int column, int row, std::string_view lines)
+void Game::event(const std::string& map, int column, int row, const std::string& lines)
 {
-    events_ += "\r\n    if ligne == " + std::to_string(row) + " and colonne == " + std::to_string(column) +
-               " then\r\n    \r\n" + std::string(lines) + "\r\n\r\n    end\r\n\r\n";
+    const std::string text = "\r\n" + lines + "\r\n";
+    file("ev/map" + map + "/ev" + std::to_string(row) + std::to_string(column), text);
+    events_[map][{row, column}] = text;
+}
+
+void Game::writeEvents() const
+{
+    std::string text = "function runev(colonne,ligne,map)\r\n";
+    for (const auto& [map, cells] : events_) {
+        text += "if map == \"" + map + "\" then\r\n";
+        for (int cell = 0; cell < 9 * 17; ++cell) {
+            const std::pair<int, int> place(1 + cell / 17, 1 + cell % 17);
+            const auto found = cells.find(place);
+            text += "\r\n    if ligne == " + std::to_string(place.first) +
+                    " and colonne == " + std::to_string(place.second) + " then\r\n    " +
+                    (found == cells.end() ? "" : found->second) + "\r\n    end\r\n\r\n";
+        }
+        text += "end\r\n";
+    }
+    file("ev.lua", text + "\r\nend\r\n");
 }
 
 player::testing::PlayerRun& Game::player()
@@ -156,10 +176,16 @@ Frame Game::capture()
 Outcome Game::run()
 {
     if (!events_.empty()) {
-        file("ev.lua", "function runev(colonne,ligne,map)\r\nif map == \"01\" then\r\n" + events_ +
-                           "end\r\n\r\nend\r\n");
+        writeEvents();
     }
     return player().play(now_);
+}
+
+std::string Game::told()
+{
+    std::string text = pages();
+    std::replace(text.begin(), text.end(), '|', ' ');
+    return text;
 }
 
 } // namespace engine::testing

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace engine::testing
 {
@@ -37,10 +38,12 @@ public:
     void remove(const std::string& name) const;
 
     /// A map with a start ("0405"), plain grass and these block flags: eight rows of 17; empty is no block.
+    /// Its picture is there.
     void map(const std::string& number, const std::string& start, const std::string& blocks = "") const;
 
-    /// Attaches lines to a cell of map 01. ev.lua is made of all of them when the game runs.
-    void event(int column, int row, std::string_view lines);
+    /// Attaches lines to a cell. ev.lua is made of all of them, as the editor does, when the game runs.
+    void event(const std::string& map, int column, int row, const std::string& lines);
+    void event(int column, int row, const std::string& lines) { event("01", column, row, lines); }
 
     /// A tap, and the time to react to it.
     void press(Buttons buttons);
@@ -71,12 +74,18 @@ public:
     /// The texts of every picture that showed texts: one line for each, its texts divided by "|".
     std::string pages() { return value("pages"); }
 
+    /// The same, with each picture's texts as one running text.
+    std::string told();
+
     player::testing::PlayerRun& player();
 
 private:
     player::testing::TempFolder folder_;
     std::filesystem::path project_ = "projets/Essai";
-    std::string events_;
+    void writeEvents() const;
+
+    /// By map, row and column.
+    std::map<std::string, std::map<std::pair<int, int>, std::string>> events_;
     std::optional<player::testing::PlayerRun> player_;
     Frame now_ = 5;
 };

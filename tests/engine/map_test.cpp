@@ -71,6 +71,21 @@ TEST(Map, LeavesCellsWithoutATileEmpty)
     EXPECT_EQ(cell(5), empty);
 }
 
+TEST(Map, IsCalledAsTheEditorReadsItsName)
+{
+    Game game;
+    game.run();
+    const std::pair<const char*, const char*> values[] = {
+        {"La mer", "La mer"},   {" \"La mer \" ", "La mer "},
+        {"'La mer'", "La mer"}, {"\"La mer'", "\"La mer'"},
+        {"\"", "\""},           {"\"\"", ""},
+        {"a = b", "a = b"}};
+    for (const auto& [written, read] : values) {
+        game.file("projet.ini", std::string("[Jeu]\r\nNOM=Essai\r\n[CARTE01]\r\nnom =") + written + "\r\n");
+        EXPECT_EQ(game.value("jeu.setting('Carte01', 'nom')"), read) << written;
+    }
+}
+
 struct Grid {
     std::string codes = engineFile("map01.map");
     std::string blocks = engineFile("map01.ev");

@@ -67,8 +67,12 @@ TEST(Save, IsOnlyOfferedWhenItIsWhole)
         game.file("sauve.txt", whole.substr(0, length));
         ASSERT_EQ(game.value("jeu.readSave()"), "nil") << whole.substr(0, length);
     }
-    const std::string damaged[] = {"end\n", std::string(3000, '\0'), "os.exit()\n" + whole,
-                                   "save 1\nplace s:map s:99\nend\n", "save 1\nplace s:map n:01\nend\n"};
+    const std::string damaged[] = {"end\n",
+                                   std::string(3000, '\0'),
+                                   "os.exit()\n" + whole,
+                                   "save 1\nplace s:map s:99\n",
+                                   "save 1\nplace s:map n:01\nend\n",
+                                   "save 1\nplace s:map s:../01\nend\n"};
     for (const std::string& junk : damaged) {
         game.file("sauve.txt", junk);
         EXPECT_EQ(game.value("jeu.readSave()"), "nil") << junk;
@@ -85,6 +89,28 @@ TEST(Save, OfAnotherHandIsMadeToFitTheGame)
     game.walk(button::up, 1);
     EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
     EXPECT_EQ(game.value("hero.x .. ',' .. hero.y .. ' ' .. hero.vie"), "17,4 100");
+}
+
+TEST(Save, OnAMapThatIsGoneSaysSoAndTheTitleComesBack)
+{
+    for (const char* lost : {"map02.map", "images/map02/terrain.png"}) {
+        Game game;
+        playAndSave(game);
+        backToTitle(game);
+        game.run();
+        Game later;
+        later.file("sauve.txt", game.content("sauve.txt"));
+        later.map("02", "1002");
+        later.remove(lost);
+        later.press(button::down);
+        later.press(button::cross);
+        later.press(button::cross);
+        later.begin();
+        later.walk(button::right, 1);
+        later.run();
+        EXPECT_TRUE(contains(later.told(), lost)) << later.told();
+        EXPECT_EQ(later.value("jeu.map.number .. hero.x"), "015");
+    }
 }
 
 TEST(Save, SaysWhenItCannotBeWritten)

@@ -26,7 +26,7 @@ TEST(TalkBox, BreaksATextIntoLinesAndPages)
         {quoted("Bonjour"), "Bonjour|\n"},
         {quoted("\xC9t\xE9 \x80 \x9C"), "\xC9t\xE9 \x80 \x9C|\n"},
         {"12.5", "12.5|\n"},
-        {"", "nil|\n"},
+        {"false", "false|\n"},
         {quoted(fifty + " abc"), fifty + " abc|\n"},
         {quoted(fifty + " abcd  e"), fifty + "|abcd  e|\n"},
         {quoted(line + "   z"), line + "|z|\n"},

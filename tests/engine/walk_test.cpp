@@ -15,7 +15,7 @@ constexpr const char* walledStart = "00000000000000000\r\n"
                                     "00000000000000000\r\n"
                                     "00000000000000000\r\n"
                                     "00010000000000000\r\n"
-                                    "00011000000000000\r\n"
+                                    "00001000000000000\r\n"
                                     "00010000000000000\r\n"
                                     "00000000000000000\r\n"
                                     "00000000000000000\r\n\r\n";
@@ -99,7 +99,7 @@ TEST(Walk, TurnsAndStaysBeforeBlocksAndEdges)
         {"1708", "", button::right, "17,8", "droite", "0"},
         {"0405", walledStart, button::up, "4,5", "dos", "0"},
         {"0405", walledStart, button::left, "1,5", "gauche", "3"},
-        {"0505", walledStart, button::right, "9,5", "droite", "4"},
+        {"0605", walledStart, button::left, "6,5", "gauche", "0"},
     };
     for (const Obstacle& obstacle : obstacles) {
         Game game;
