@@ -37,4 +37,21 @@ set_target_properties(questforge luaplayer PROPERTIES RUNTIME_OUTPUT_DIRECTORY "
 # The player has this name on every system: the test run starts it by this name.
 set_target_properties(luaplayer PROPERTIES OUTPUT_NAME "luaplayer.exe" SUFFIX "")
 
-add_custom_target(stage ALL DEPENDS questforge luaplayer ${staged})
+# The sample game is no output of the build, or "clean" would take an author's changes with it: at each build
+# its maker looks whether the folder is there, and then leaves it alone.
+add_executable(make_sample
+    ${CMAKE_SOURCE_DIR}/tools/sample/commands.cpp ${CMAKE_SOURCE_DIR}/tools/sample/main.cpp
+    ${CMAKE_SOURCE_DIR}/tools/sample/making.cpp ${CMAKE_SOURCE_DIR}/tools/sample/source.cpp
+    ${CMAKE_SOURCE_DIR}/tools/sample/sourcelines.cpp)
+target_link_libraries(make_sample PRIVATE core)
+set_target_properties(make_sample PROPERTIES AUTOMOC OFF AUTORCC OFF)
+
+# What a new project is made from; enough for those who only make projects.
+add_custom_target(templates DEPENDS ${staged})
+
+add_custom_target(stage ALL
+    COMMAND make_sample "${CMAKE_SOURCE_DIR}/tools/sample/letter" "${QUESTFORGE_APPDIR}"
+    DEPENDS questforge luaplayer
+    COMMENT "Making the sample game where it is missing"
+    VERBATIM)
+add_dependencies(stage templates)

@@ -1,0 +1,230 @@
+#include "tests/player/harness.h"
+
+#include "build/scripts.h"
+#include "events/eventstore.h"
+#include "maps/maplist.h"
+#include "maps/mapmodel.h"
+#include "maps/tileset.h"
+#include "project/creation.h"
+#include "store/store.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <lua.hpp>
+#include <map>
+#include <sstream>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+namespace button = player::button;
+using player::testing::Frame;
+
+const std::string game = "A Letter for the Moon";
+
+/// A fresh tool: the templates that the build laid out, and the game made beside them.
+class Sample : public testing::Test
+{
+protected:
+    Sample()
+    {
+        fs::create_directory_symlink(fs::path(SAMPLE_APPDIR) / "data", tool.path() / "data");
+        SetAppDir(tool.path());
+        EXPECT_EQ(make(), 0);
+        SetCurrentProject(game);
+    }
+    ~Sample() override { SetCurrentProject(""); }
+
+    int make() const
+    {
+        const std::string command = "'" SAMPLE_MAKER "' '" SAMPLE_SOURCE "' '" + tool.path().string() + "'";
+        return std::system(command.c_str());
+    }
+
+    std::map<std::string, std::string> files(const fs::path& below) const
+    {
+        std::map<std::string, std::string> result;
+        for (const auto& entry : fs::recursive_directory_iterator(below)) {
+            const std::string name = entry.path().lexically_relative(below);
+            result[name] = entry.is_directory() ? "folder" : tool.read(entry.path());
+        }
+        return result;
+    }
+
+    player::testing::TempFolder tool;
+    const fs::path project = tool.path() / "projets" / game;
+};
+
+/// Loads a map and all its events and saves them again, as a click in each of them does.
+void saveAgain(const std::string& number)
+{
+    const std::string text = ReadWholeFile(MapFile(number));
+    MapModel map;
+    map.read(text, ReadWholeFile(BlockFile(number)));
+    WriteIni("Carte" + number, "nom", MapName(number), Descriptor());
+    WriteWholeFile(BlockFileText(map), BlockFile(number));
+    WriteWholeFile(MapFileText(map, std::stoi(HeroStartColumn(text)), std::stoi(HeroStartRow(text))),
+                   MapFile(number));
+    for (const auto& entry : fs::directory_iterator(EventFolder(number))) {
+        saveevent(entry.path(), loadevent(entry.path()));
+    }
+}
+
+TEST_F(Sample, IsByteForByteWhatTheProgramWrites)
+{
+    const auto made = files(project);
+    ASSERT_EQ(MapCount(), 5);
+    for (int map = 1; map <= 5; ++map) {
+        const std::string number = MapNumberText(map);
+        saveAgain(number);
+        const std::string tileset = ReadIni("Carte" + number, "texture", Descriptor());
+        EXPECT_EQ(tool.read(MapSheet(number)), tool.read(TilesetSheet(tileset))) << number;
+    }
+    WriteVariablesScript();
+    WriteEventScript(5);
+    EXPECT_TRUE(files(project) == made);
+    for (const char* key : {"Auteur", "cartes", "combats"}) {
+        EXPECT_NE(ReadIni("Jeu", key, Descriptor()), "") << key;
+    }
+    EXPECT_EQ(ReadIni("Jeu", "nom", Descriptor()), game);
+}
+
+TEST_F(Sample, HasTheEngineAndPicturesOfANewProject)
+{
+    const auto made = files(project);
+    ASSERT_EQ(CreateProject("new", "Kestrel"), std::nullopt);
+    for (const auto& [name, bytes] : files(tool.path() / "projets/new")) {
+        const bool authors = name == "projet.ini" || name == "ev.lua" || name == "variables.lua" ||
+                             name.starts_with("map01.") || name == "images/map01/terrain.png";
+        EXPECT_TRUE(made.contains(name) && (authors || made.at(name) == bytes)) << name;
+    }
+}
+
+TEST_F(Sample, IsMadeWholeWhereItIsMissingAndNeverTouchedWhereItIs)
+{
+    const auto made = files(tool.path() / "projets");
+    tool.write(project / "map01.map", "an author's");
+    tool.write(tool.path() / "projets" / ("." + game + ".making") / "projet.ini", "of a killed run");
+    EXPECT_EQ(make(), 0);
+    EXPECT_EQ(tool.read(project / "map01.map"), "an author's");
+    fs::remove_all(project);
+    EXPECT_EQ(make(), 0);
+    EXPECT_TRUE(files(tool.path() / "projets") == made);
+}
+
+TEST_F(Sample, LeavesNothingBehindWhenItCannotBeMade)
+{
+    fs::remove_all(project);
+    fs::remove(tool.path() / "data");
+    EXPECT_NE(make(), 0);
+    EXPECT_TRUE(fs::is_empty(tool.path() / "projets"));
+}
+
+TEST_F(Sample, CanBeFinishedFromEveryStateWithoutLosingLife)
+{
+    lua_State* const L = luaL_newstate();
+    luaL_openlibs(L);
+    lua_pushstring(L, project.c_str());
+    lua_setglobal(L, "project");
+    const bool failed = luaL_loadfile(L, SAMPLE_STATES) != 0 || lua_pcall(L, 0, 1, 0) != 0;
+    const char* const answer = lua_tostring(L, -1);
+    EXPECT_FALSE(failed) << answer;
+    EXPECT_STREQ(answer, "");
+    lua_close(L);
+}
+
+// ------------------------------------------------------------------------------ the walkthrough
+
+// A way and so many cells (one against a wall turns the hero), "x" a press of cross, "." half a second.
+constexpr const char* walkthrough = R"(
+    x .
+    R1 x x x R5 U1 x x
+    R9 . R13 D1 x x
+    L6 D1 x x x
+    R6 D1 x x x
+    L11 D1 x x
+    R1 U1 . L4 U3 U1 x x x
+    R7 D1 R3 U1 x x
+    L6 D3 . L4 . L1 U3 x
+    D3 R2 . R3 U1 . L4 U3 U1 x x
+    R7 D1 R3 U1 x x
+    R1 R1 x x x
+    L1 D1 x
+    L6 D3 . L4 . L7 U4 . R1 D1 R2 D1 R4 D3 R4 R1 x x x
+    L6 U2 L2 U1 L3 U3 . D1 R4 x R2 D2 R2 . R2 D1 x x x
+    L3 . L7 U4 . R1 D1 R2 D1 R4 U1 U1 x x x
+    L2 D1 L5 U1 L2 D1 D1 x x
+    U1 R5 D1 R4 U1 U1 x x
+    R5 D2 D1 x x x
+    U2 L5 D4 R4 R1 x x .
+    R6 U1 x x x x x
+    R2 D1 R2 U3 R2 D3 R2 U2 U1 x x
+    D2 L2 U3 L2 D3 L10 U1 L1 . L6 U2 L2 U1 L3 U3 . D1 R4 x R2 D2 R2 . R3 U1 . L4 U3 U1 x x x x
+    R4 D4 . L4 . L7 U4 . R1 D1 R2 D1 R4 D3 R4 R1 x x . R8 D1 R2 U3 R2 D3 R2 U2 U1 x x
+    D2 L2 U3 L2 D3 L4 U1 U1 x x x . x
+    L7 . L6 U2 L2 U1 L3 U3 . D1 R4 x R2 D2 R2 . R3 U1 . L1 U5 U1 x x
+    R1 D6 . R4 D1 x x . . . x x . . . x x . . . x
+)";
+
+// Starts the game and notes what its talk boxes say.
+constexpr std::string_view listeningBootScript = R"lua(
+said = ""
+local run, say = dofile, nil
+function dofile(name)
+    run(name)
+    if jeu.say and not say then
+        say = jeu.say
+        function jeu.say(text)
+            said = said .. text .. "\n"
+            say(text)
+        end
+    end
+end
+System.currentDirectory("projets/A Letter for the Moon")
+dofile("index.lua")
+)lua";
+
+/// Presses the walkthrough's keys from frame 5 on; the frame after the last.
+Frame press(player::testing::PlayerRun& run)
+{
+    constexpr Frame framesPerCell = 14;
+    const std::map<char, player::Buttons> ways = {
+        {'U', button::up}, {'D', button::down}, {'L', button::left}, {'R', button::right}};
+    Frame now = 5;
+    std::istringstream acts(walkthrough);
+    for (std::string act; acts >> act;) {
+        if (act == "x") {
+            run.tap(now, button::cross);
+            now += 6;
+        } else if (act == ".") {
+            now += 30;
+        } else {
+            const int cells = std::stoi(act.substr(1));
+            run.hold(now, ways.at(act[0]));
+            run.hold(now + cells * framesPerCell - 7, button::none);
+            now += cells * framesPerCell + 4;
+        }
+    }
+    return now;
+}
+
+TEST_F(Sample, IsPlayedFromTheFirstStepToTheEnding)
+{
+    tool.write("index.lua", listeningBootScript);
+    player::testing::PlayerRun run(tool.path());
+    const Frame end = press(run);
+    EXPECT_EQ(run.play(end + 30), player::Outcome::Closed) << run.error();
+    const std::string events = tool.read(project / "ev.lua");
+    std::istringstream said(run.value("said"));
+    std::string last;
+    for (std::string text; std::getline(said, text); last = text) {
+        EXPECT_NE(events.find("affichertexte(\"" + text + "\")"), std::string::npos)
+            << "not the game's own words: " << text;
+    }
+    EXPECT_NE(last.find("THE END"), std::string::npos) << "the last words: " << last;
+    EXPECT_EQ(run.value("var[1]"), "5");
+    EXPECT_EQ(run.value("hero.vie"), "100");
+}
+
+} // namespace
