@@ -8,7 +8,7 @@ from project import Map
 from waiting import Missed, wait_for
 
 START_QUESTION = "Click the box to the starting position of the hero on this map"
-MAP_NAME = "La clairière"
+MAP_NAME = "Glade of Zoé"
 WHITE = (255, 255, 255)
 
 
@@ -48,8 +48,9 @@ class Drawing:
     def paint(self):
         first = self.maps["01"] = Map(self._project, "01")
         fence, start, talk, leap = first.free_run(4)
-        door, landing = first.dead_end()
-        self.cells = SimpleNamespace(fence=fence, start=start, talk=talk, leap=leap, landing=landing, door=door)
+        door, landing, sign = first.dead_end()
+        self.cells = SimpleNamespace(fence=fence, start=start, talk=talk, leap=leap, landing=landing, door=door,
+                                     sign=sign)
         painted = [talk, door, first.free_cells()[-1]]
         code = first.other_code(painted)
         self._choose_tile(code)
@@ -59,6 +60,7 @@ class Drawing:
             first.await_saved()
             self.await_tile(cell, "01", code)
         self._tour.take_picture("painted-map")
+        self._tour.document("map-editor", "mapeditor")
 
     def block(self):
         fence = self.cells.fence
@@ -68,6 +70,7 @@ class Drawing:
         self.maps["01"].block(fence)
         self.maps["01"].await_saved()
         wait_for("the blocked cell bears its mark", lambda: self._seen(fence).count(WHITE) > before + 4)
+        self._tour.document("blocks", GRID)
 
     def place_hero(self):
         row, column = self.maps["01"].start = self.cells.start
@@ -81,6 +84,7 @@ class Drawing:
         """The name, and with it the hero's start, is kept by the next click, which opens an event."""
         self._program.type_into("mapeditor/Frame2/Text1", MAP_NAME)
         self._tour.take_picture("blocks-start-and-name")
+        self._tour.document("configuration", "mapeditor/Frame2")
         self._program.click("mapeditor/Frame2/=Event")
         self.click_cell(self.cells.talk)
         self.maps["01"].await_saved()
@@ -93,12 +97,28 @@ class Drawing:
         self._project.await_setting("Jeu", "cartes", "02")
         second = self.maps["02"] = Map(self._project, "02")
         self._await_grid(second, "01")
+        row, column = second.start
+        self.cells.mistake = (row, column + 1)
+        self._look_at_menus()
+
+    def _look_at_menus(self):
+        """The menu's frames come and go with their buttons."""
+        program = self._program
+        program.click("mapeditor/=Main Menu")
+        program.click("mapeditor/Frame3/=Load map")
+        program.await_usable("mapeditor/Frame1/Command1")
+        self._tour.document("map-menus", "mapeditor/Frame3", "mapeditor/Frame1")
+        program.click("mapeditor/Frame3/=Load map")
+        program.click("mapeditor/Command4")
+        program.await_gone("mapeditor/Frame1")
+        program.await_gone("mapeditor/Frame3")
 
     def change_tileset(self):
         self._program.click("mapeditor/Frame2/Command11")
         self._program.await_usable("mapeditor/Frame4/Command14")
         self._program.step_forward("mapeditor/Frame4/HScroll2")
         self._tour.take_picture("tileset")
+        self._tour.document("tileset", "mapeditor/Frame4")
         self._program.click("mapeditor/Frame4/Command14")
         self._program.await_gone("mapeditor/Frame4")
         self._project.await_setting("Carte02", "texture", "02")
@@ -107,3 +127,4 @@ class Drawing:
             raise Missed("the tileset's picture is copied for the game")
         self._await_grid(self.maps["02"], "02")
         self._tour.take_picture("second-map")
+        self._tour.document("second-map", GRID)

@@ -16,6 +16,7 @@ def welcome(tour):
         raise Missed("the start makes the folder of the projects")
     program.await_usable("Acc/Label2")
     tour.take_picture("welcome")
+    tour.document("welcome", "Acc")
     feel_press(tour, "Acc/Image3", "Acc/Label4")
 
 
@@ -53,6 +54,7 @@ def create_project(tour, project):
     program.type_into("nouvprojet/Text1", name)
     program.type_into("nouvprojet/Text2", AUTHOR)
     tour.take_picture("new-project")
+    tour.document("new-project", "nouvprojet")
     program.click("nouvprojet/=Create!")
     program.await_gone("nouvprojet")
     project.await_setting("Jeu", "nom", name)
@@ -75,6 +77,7 @@ def open_project(tour, project, maps):
     wait_for("a double-click opens a folder",
              lambda: "images" in [line["text"].strip() for line in program.look("openp/Dir1").lines])
     tour.take_picture("open")
+    tour.document("open", "openp")
     program.click("openp/Command1")
     program.await_gone("openp")
     _await_open(program, project, maps)

@@ -14,6 +14,7 @@ TILE = (28, 29)
 MAP_LEFT, MAP_TOP = 2, 36
 LIFE_RED = (186, 48, 56)
 TALK_BOX = (8, 180)
+MENU = (120, 56)
 LETTERS = (255, 255, 255)
 
 
@@ -73,6 +74,15 @@ class Game:
 
         self._await_frame("its title with a menu", shown)
 
+    def await_menu(self):
+        """Waits for the panel of the menu in the game, over which its entries stand."""
+        panel = picture.from_file(self._images / "System" / "menuingame.png")
+
+        def shown(frame):
+            return 0.8 < frame.part(*MENU, panel.width, panel.height).share_of(panel) < 1
+
+        self._await_frame("its menu", shown)
+
     def await_map(self, model):
         """Waits until all cells of a map show their tiles; the hero may stand on two of them."""
         sheet = picture.from_file(self._images / f"map{model.number}" / "terrain.png")
@@ -90,14 +100,10 @@ class Game:
         hero = picture.from_file(self._images / "personnages" / "hero" / f"{side}1.png")
         return frame.part(*_corner(cell), *TILE).share_of(hero) == 1
 
-    def await_hero(self, side, *cells):
-        """Waits until the hero stands on one of the cells, turned to a side."""
-        def stands():
-            frame = self.frame()
-            return any(self._hero_stands(frame, cell, side) for cell in cells)
-
-        places = " or ".join(str(cell) for cell in cells)
-        wait_for(f"the hero stands, seen as {side}1, on (row, column) {places}", stands)
+    def await_hero(self, side, cell):
+        """Waits until the hero stands on a cell, turned to a side."""
+        wait_for(f"the hero stands, seen as {side}1, on row {cell[0]}, column {cell[1]}",
+                 lambda: self._hero_stands(self.frame(), cell, side))
 
     def walk_against(self, key, cell, side):
         """Holds a key for longer than a step takes; the hero must turn and stay on the cell."""
@@ -132,7 +138,8 @@ class Game:
 
     def life(self):
         """How many pixels long the bar of life is."""
-        return max(self.frame().part(0, y, WIDTH, 1).count(LIFE_RED) for y in range(MAP_TOP))
+        frame = self.frame()
+        return max(frame.part(0, y, WIDTH, 1).count(LIFE_RED) for y in range(MAP_TOP))
 
     def await_life(self, share, whole):
         """Waits until the bar shows a share, 0 to 1, of a bar so many pixels long."""

@@ -2,17 +2,14 @@
 
 import subprocess
 
+from waiting import wait_for
+
 
 class Picture:
     """Rows of pixels, each of four bytes: red, green, blue, opacity."""
 
     def __init__(self, width, height, data):
         self.width, self.height, self.data = width, height, data
-
-    def pixel(self, x, y):
-        """The four bytes at a place inside the picture."""
-        at = 4 * (y * self.width + x)
-        return self.data[at:at + 4]
 
     def part(self, left, top, width, height):
         """A piece of the picture as a picture of its own."""
@@ -22,8 +19,10 @@ class Picture:
     def reduced(self, factor):
         """The picture of which this one is an enlargement by a whole factor."""
         width, height = self.width // factor, self.height // factor
-        pixels = (self.pixel(x * factor, y * factor) for y in range(height) for x in range(width))
-        return Picture(width, height, b"".join(pixels))
+        pixels = memoryview(self.data).cast("I")
+        starts = (y * factor * self.width for y in range(height))
+        rows = (pixels[start:start + width * factor:factor].tobytes() for start in starts)
+        return Picture(width, height, b"".join(rows))
 
     def difference(self, other):
         """How far the colours are apart on the average, 0 to 255."""
@@ -52,10 +51,10 @@ def from_file(path):
     return Picture(int(fields[b"WIDTH"]), int(fields[b"HEIGHT"]), data)
 
 
-def _screenshot(place, target):
+def _screenshot(place, target, *options):
     left, top, width, height = place
     piece = f"{width}x{height}+{left}+{top}"
-    command = ["import", "-silent", "-window", "root", "-crop", piece, "+repage", "-depth", "8", target]
+    command = ["import", "-silent", "-window", "root", "-crop", piece, "+repage", *options, "-depth", "8", target]
     return subprocess.run(command, check=True, capture_output=True).stdout
 
 
@@ -73,3 +72,16 @@ def from_screen(place):
 def save_screen(place, path):
     """Writes what the screen shows within (left, top, width, height) to a file."""
     _screenshot(place, str(path))
+
+
+def save_still(place, path):
+    """The same once nothing moves there any more."""
+    before, now = None, None
+
+    def is_still():
+        nonlocal before, now
+        before, now = now, _screenshot(place, "png:-", "-define", "png:exclude-chunks=date,time")
+        return before == now
+
+    wait_for(f"the picture {path.name} stands still", is_still)
+    path.write_bytes(now)

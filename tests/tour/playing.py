@@ -3,7 +3,7 @@
 from game import Game
 from project import ansi, crlf
 from waiting import Missed, wait_for
-from writing import CHANGE_OF_MAP, CONDITION, FIRST_EVENT, leap_lines
+from writing import CHANGE_OF_MAP, CONDITION, FIRST_EVENT, SIGN, leap_lines
 
 
 def play_game(tour, drawing):
@@ -12,11 +12,14 @@ def play_game(tour, drawing):
     check_scripts(tour, drawing.cells)
     game = Game(player, tour.project)
     game.await_title()
-    tour.take_picture("game-title", game.place)
+    tour.document_game(game, "game-title")
     game.press("x")
     walk_to_talk(tour, game, drawing)
     leap(tour, game, drawing.cells.landing)
+    read_sign(tour, game)
     walk_through_door(tour, game, drawing)
+    make_mistake(tour, game)
+    save(tour, game)
     game.ask_to_close()
     code = tour.stage.exit_code_of(player)
     if code != 0:
@@ -32,7 +35,7 @@ def check_scripts(tour, cells):
     project.await_bytes("variables.lua", crlf("--Variables du jeu", "var = {}", 'var[1] = "7"', ""))
     script = project.bytes_of("ev.lua")
     events = {cells.talk: FIRST_EVENT + CONDITION, cells.leap: leap_lines(cells.landing),
-              cells.door: CHANGE_OF_MAP}
+              cells.sign: SIGN, cells.door: CHANGE_OF_MAP}
     for cell, lines in events.items():
         head = ansi(f"    if ligne == {cell[0]} and colonne == {cell[1]} then\r\n    \r\n")
         if head + crlf(*lines) not in script:
@@ -45,18 +48,19 @@ def walk_to_talk(tour, game, drawing):
     game.await_hero("face", drawing.cells.start)
     game.walk_against("Left", drawing.cells.start, "gauche")
     whole_life = game.life()
-    tour.take_picture("game-map", game.place)
+    tour.document_game(game, "game-map")
     game.hold("Right")
     first = game.await_text()
     game.let_go("Right")
-    tour.take_picture("game-text", game.place)
+    tour.document_game(game, "game")
     game.press("x")
     game.await_text(other_than=first)
     game.await_life(0.9, whole_life)
-    tour.take_picture("game-condition", game.place)
+    tour.document_game(game, "game-condition")
     game.press("x")
     game.await_no_text()
     game.await_hero("droite", drawing.cells.talk)
+    tour.document_game(game, "game-life")
 
 
 def leap(tour, game, landing):
@@ -64,15 +68,57 @@ def leap(tour, game, landing):
     game.hold("Right")
     game.await_hero("droite", landing)
     game.let_go("Right")
-    tour.take_picture("game-leap", game.place)
+    tour.document_game(game, "game-leap")
+
+
+def read_sign(tour, game):
+    """The hero looks at the sign already. It says another thing once it has been read."""
+    game.press("x")
+    first = game.await_text()
+    tour.document_game(game, "game-sign")
+    game.press("x")
+    game.await_no_text()
+    game.press("x")
+    game.await_text(other_than=first)
+    tour.document_game(game, "game-sign-again")
+    game.press("x")
+    game.await_no_text()
 
 
 def walk_through_door(tour, game, drawing):
-    """The hero comes to the second map's start; as the key is still held, he may have gone on from there."""
+    """The hero comes to the second map's start."""
     second = drawing.maps["02"]
-    game.hold("Left")
+    game.press("Left")
     game.await_map(second)
-    game.let_go("Left")
-    row, column = second.start
-    game.await_hero("gauche", *((row, reached) for reached in range(1, column + 1)))
-    tour.take_picture("game-second-map", game.place)
+    game.await_hero("gauche", second.start)
+    tour.document_game(game, "game-second-map")
+
+
+def make_mistake(tour, game):
+    """A mistake in an event is told, and the game goes on."""
+    game.hold("Right")
+    game.await_text()
+    game.let_go("Right")
+    tour.document_game(game, "game-mistake")
+    game.press("x")
+    game.await_no_text()
+
+
+def save(tour, game):
+    """A saved game makes the title offer to go on with it."""
+    game.press("Escape")
+    game.await_menu()
+    tour.document_game(game, "game-menu")
+    game.press("Down")
+    game.press("x")
+    game.await_text()
+    game.press("x")
+    game.await_no_text()
+    if not tour.project.bytes_of("sauve.txt"):
+        raise Missed("the game is saved")
+    game.press("Escape")
+    game.await_menu()
+    game.press("Up")
+    game.press("x")
+    game.await_title()
+    tour.document_game(game, "game-continue")

@@ -48,6 +48,7 @@ class Program:
         if not answer:
             return None
         answer["place"] = Place(*answer["place"])
+        answer["frame"] = Place(*answer.get("frame", answer["place"]))
         return SimpleNamespace(**answer)
 
     def shows(self, path):
@@ -131,10 +132,11 @@ class Program:
         xdotool("type", "--delay", 20, text)
         self.await_caption(path, text)
 
-    def answer(self, prompt, text):
+    def answer(self, prompt, text, before_ok=lambda: None):
         """Types the answer into the input box that asks `prompt`."""
         self.await_caption("QInputDialog/QLabel", prompt)
         self.type_into("QInputDialog/QLineEdit", text)
+        before_ok()
         self.click("QInputDialog/=OK")
         self.await_gone("QInputDialog")
 

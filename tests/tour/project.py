@@ -113,11 +113,11 @@ class Map:
         raise Missed(f"the new map has {length} free cells in a row")
 
     def dead_end(self):
-        """Two neighbouring free cells below row 2, the right one of which has a block at its right."""
+        """Two neighbouring free cells below row 2, and the blocked one at their right."""
         for row, flags in enumerate(self._flags[2:], start=3):
             at = "".join(flags).find("001")
             if at >= 0:
-                return [(row, at + 1), (row, at + 2)]
+                return [(row, at + 1), (row, at + 2), (row, at + 3)]
         raise Missed("the new map has a way that ends at a block")
 
     def await_saved(self):

@@ -19,6 +19,16 @@ def _die_with_the_tour():
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL)
 
 
+def _own_folder():
+    """Mostly the same one, since the pictures of some views show its name."""
+    usual = Path(tempfile.gettempdir(), "tour")
+    try:
+        usual.mkdir(mode=0o700)
+        return usual
+    except FileExistsError:
+        return Path(tempfile.mkdtemp(prefix="tour-"))
+
+
 class Stage:
     """Copies the folder, leaving out what an author made there, and opens a display.
 
@@ -27,7 +37,7 @@ class Stage:
 
     def __init__(self, app_dir, plugins):
         self._source, self._plugins = Path(app_dir), Path(plugins).resolve()
-        self.folder = Path(tempfile.mkdtemp(prefix="tour-"))
+        self.folder = _own_folder()
         self.app_dir = self.folder / "Questforge"
         self.socket = self.folder / "probe"
         self.program = self._display = None
@@ -64,7 +74,7 @@ class Stage:
         reader, writer = os.pipe()
         size = f"{SCREEN[2]}x{SCREEN[3]}x24"
         self._display = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", size, "-nolisten", "tcp"],
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", size, "-nolisten", "tcp", "-noreset"],
             pass_fds=[writer], preexec_fn=_die_with_the_tour, stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as answer:
@@ -72,7 +82,8 @@ class Stage:
         if not number:
             raise Missed("the virtual display opens")
         os.environ["DISPLAY"] = ":" + number
-        # The layout has a key for each letter that the tour types: none has to be added meanwhile.
+        # The layout has a key for each letter that the tour types: none has to be added meanwhile. The display
+        # would forget it when setxkbmap leaves as its last client; -noreset forbids that.
         subprocess.run(["setxkbmap", "fr"], check=True, stderr=subprocess.DEVNULL)
 
     def start_program(self):

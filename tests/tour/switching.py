@@ -11,7 +11,7 @@ from project import Project, untouched
 from waiting import Missed, wait_for
 
 OTHER_PROJECT = "Désert"
-MAPS = ["1La clairière", "2Carte 1"]
+MAPS = ["1Glade of Zoé", "2Carte 1"]
 QUESTION = "Quitter Questforge ?"
 
 
@@ -65,6 +65,7 @@ class Switching:
             program.press_close_button("Controlpanel")
             program.await_caption("QMessageBox/qt_msgbox_label", QUESTION)
             self._tour.take_picture("leaving")
+            self._tour.document("leaving", "QMessageBox")
             program.dismiss(QUESTION, "No")
             program.await_usable("Controlpanel/List1")
             program.await_caption("Controlpanel/Label5", self._tour.project.folder.name)

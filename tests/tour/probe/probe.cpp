@@ -140,6 +140,7 @@ QJsonObject describe(const QWidget& control)
     }
     if (const auto* window = qobject_cast<const QMdiSubWindow*>(control.parentWidget())) {
         answer[u"closeButton"_s] = closeButtonOf(*window);
+        answer[u"frame"_s] = place(*window, window->rect());
     }
     return answer;
 }
@@ -149,9 +150,15 @@ QJsonObject describe(const QWidget& control)
 Probe::Probe(const QString& socketFile)
 {
     connect(this, &QLocalServer::newConnection, this, &Probe::greet);
+    QApplication::setCursorFlashTime(0); // a picture of a field is the same at any moment
     if (!listen(socketFile)) {
         qWarning("The probe cannot listen: %s", qPrintable(errorString()));
     }
+}
+
+QWidget* Probe::control(const QString& path)
+{
+    return find(path);
 }
 
 void Probe::greet()
@@ -165,8 +172,8 @@ void Probe::greet()
 void Probe::answer(QLocalSocket* connection)
 {
     while (connection->canReadLine()) {
-        const QWidget* control = find(QString::fromUtf8(connection->readLine()).trimmed());
-        const QJsonObject reply = control == nullptr ? QJsonObject() : describe(*control);
+        const QWidget* found = control(QString::fromUtf8(connection->readLine()).trimmed());
+        const QJsonObject reply = found == nullptr ? QJsonObject() : describe(*found);
         connection->write(QJsonDocument(reply).toJson(QJsonDocument::Compact) + '\n');
     }
 }

@@ -4,6 +4,7 @@
 #include <QLocalServer>
 
 class QLocalSocket;
+class QWidget;
 
 /// Answers each line of a connection with one line of JSON. A line is a path of controls, such as
 /// "mapeditor/CarteImg": each piece is an object name, a class name, or "=" and a caption, at any depth below
@@ -16,6 +17,9 @@ class Probe : public QLocalServer
 public:
     /// Listens at a socket file. Failure: a line on the error stream; nothing is answered then.
     explicit Probe(const QString& socketFile);
+
+    /// The control of a path; null when there is none.
+    static QWidget* control(const QString& path);
 
 private:
     void greet();
