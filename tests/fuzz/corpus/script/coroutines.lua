@@ -1,0 +1,1 @@
+local c = coroutine.wrap(function(...) for i = 1, 9 do coroutine.yield(select(i, ...)) end end) c(1, 2) c() error(setmetatable({}, {__tostring = function() return c() end}))

@@ -1,0 +1,1 @@
+local i = Image.createEmpty(9, 9) i:pixel(1, 1, Color.new(1, 2, 3)) screen:blit(2, 2, i, 0, 0, 5, 5, true) screen:drawLine(0, 0, 479, 271, Color.new(9, 9, 9)) screen:fillRect(-1, 5, 1e9, 3, Color.new(1, 1, 1, 9)) screen.flip()

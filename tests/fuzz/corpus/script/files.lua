@@ -1,0 +1,1 @@
+local f = io.open("save", "w") f:write(1, "a\n") f:seek("set", 0) f:close() for l in io.lines("save") do print(l) end assert(not io.open("../x"))

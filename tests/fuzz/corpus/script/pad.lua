@@ -1,0 +1,1 @@
+local p = Controls.read() if p:cross() then return end local t = Timer.new() t:start() t:time() System.currentDirectory("..") string.rep("x", 1e4)

@@ -1,0 +1,154 @@
+// What several programs do to one project: two at once, one that hangs, one that is gone.
+#include "../core/appdir.h"
+#include "store/leftovers.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fcntl.h>
+#include <functional>
+#include <limits>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// Runs as a program of its own beside this one.
+class OtherProgram
+{
+public:
+    explicit OtherProgram(const std::function<void()>& action)
+        : process_(::fork())
+    {
+        if (process_ == 0) {
+            action();
+            ::_exit(0);
+        }
+    }
+    ~OtherProgram()
+    {
+        ::kill(process_, SIGKILL);
+        ::waitpid(process_, nullptr, 0);
+    }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+    /// Whether it has not ended yet.
+    bool runs() const
+    {
+        siginfo_t ended = {};
+        ::waitid(P_PID, static_cast<id_t>(process_), &ended, WEXITED | WNOHANG | WNOWAIT);
+        return ended.si_pid == 0;
+    }
+
+private:
+    pid_t process_;
+};
+
+class Programs : public testing::Test
+{
+protected:
+    TemporaryAppDir app;
+};
+
+} // namespace
+
+TEST_F(Programs, ThatSetKeysOfOneDescriptorLoseNone)
+{
+    constexpr int keys = 300;
+    app.makeProject();
+    const std::string before = app.read("projets/demo/projet.ini");
+    const auto setKeys = [](const std::string& section) {
+        for (int key = 1; key <= keys; ++key) {
+            WriteIni(section, std::to_string(key), section, Descriptor());
+        }
+    };
+    {
+        const OtherProgram first([&] { setKeys("first"); });
+        const OtherProgram second([&] { setKeys("second"); });
+        while (first.runs() || second.runs()) {
+            const std::string seen = ReadWholeFile(Descriptor());
+            ASSERT_TRUE(seen.starts_with(before) && seen.ends_with("\r\n")) << seen;
+        }
+    }
+    for (const std::string section : {"first", "second"}) {
+        for (int key = 1; key <= keys; ++key) {
+            ASSERT_EQ(ReadIni(section, std::to_string(key), Descriptor()), section) << key;
+        }
+    }
+}
+
+TEST_F(Programs, ThatReplaceOneFileNeverTearIt)
+{
+    const std::string small(100, 's');
+    const std::string large(300000, 'l');
+    const auto replace = [this](const std::string& content) {
+        for (int i = 0; i < 300; ++i) {
+            WriteWholeFile(content, app.at("file"));
+        }
+    };
+    replace(small);
+    const OtherProgram first([&] { replace(small); });
+    const OtherProgram second([&] { replace(large); });
+    while (first.runs() || second.runs()) {
+        const std::string seen = ReadWholeFile(app.at("file"));
+        ASSERT_TRUE(seen == small + "\r\n" || seen == large + "\r\n") << seen.size() << " bytes";
+    }
+}
+
+TEST_F(Programs, AreNotKeptFromWritingByOneThatHangs)
+{
+    app.makeProject();
+    const int folder = ::open(ProjectDir().c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::flock(folder, LOCK_EX),
+              0); // a lock belongs to the opened folder, so the next one waits for it
+    WriteIni("Jeu", "auteur", "Odile", Descriptor());
+    ::close(folder);
+    EXPECT_EQ(ReadIni("Jeu", "auteur", Descriptor()), "Odile");
+}
+
+TEST_F(Programs, ThatAreGoneAreSweptAfterInTheProjectAndNothingElseIs)
+{
+    app.makeProject("other");
+    app.makeProject();
+    const std::string gone = LeftoverName(std::numeric_limits<int>::max(), 1);
+    for (const std::string& name :
+         {LeftoverName(::getppid(), 1), gone + ".bak", "x" + gone, std::string(".questforge-1.tmp"),
+          std::string(".questforge-0-1.tmp"), std::string(".questforge--5-1.tmp"),
+          std::string(".questforge-02147483647-1.tmp"), std::string(".questforge-2147483647-1x.tmp"),
+          std::string(".questforge-99999999999-1.tmp")}) {
+        app.write("projets/demo/" + name, "kept");
+    }
+    for (const std::string folder : {"projets/other/", "projets/", "data/", "outside/"}) {
+        app.write(folder + gone, "kept");
+    }
+    app.write("projets/demo/" + LeftoverName(1 << 30, 1) + "/a folder", "kept");
+    std::filesystem::create_symlink(app.at("outside/" + gone),
+                                    app.at("projets/demo/" + LeftoverName(1 << 30, 2)));
+    std::filesystem::create_directory_symlink(app.at("outside"), app.at("projets/demo/images/link"));
+    const Snapshot expected = app.snapshot();
+
+    for (const std::string folder :
+         {"projets/demo/", "projets/demo/ev/map01/", "projets/demo/images/personnages/hero/", ""}) {
+        app.write(folder + gone, "left");
+        app.write(folder + LeftoverName(::getpid(), 1), "left by one of the same number");
+    }
+    SweepProject();
+    EXPECT_EQ(Changes(expected, app.snapshot()), "");
+}
+
+TEST_F(Programs, ThatAreGoneAreNotSweptAfterWithoutAProject)
+{
+    const std::string gone = LeftoverName(std::numeric_limits<int>::max(), 1);
+    for (const std::string folder : {"", "projets/"}) {
+        app.write(folder + gone, "kept");
+    }
+    const Snapshot before = app.snapshot();
+    for (const std::string name : {"", ".", ".."}) {
+        SetCurrentProject(name);
+        SweepProject();
+        EXPECT_EQ(Changes(before, app.snapshot()), "") << name;
+    }
+}
