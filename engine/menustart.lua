@@ -9,7 +9,7 @@ local display = jeu.display
 
 -- The file is read, never run: each line holds the name of a table, a key and a value. The
 -- last line says that the file is whole.
-local saveFile = "sauve.txt"
+local saveFile, spareFile = "sauve.txt", "sauve2.txt"
 local saveHead, saveEnd = "save 1", "end"
 
 local function escape(text)
@@ -63,15 +63,21 @@ local function saveText()
         .. tableText("var", variables) .. saveEnd .. "\n"
 end
 
--- Writes the game as it stands; false when the file could not be written.
-function jeu.save()
-    local file = io.open(saveFile, "wb")
+local function writeSave(path, text)
+    local file = io.open(path, "wb")
     if not file then
         return false
     end
-    local written = file:write(saveText())
+    local written = file:write(text)
     local closed = file:close()
     return written and closed
+end
+
+-- Writes the game as it stands; false when it could not be written. The spare file goes first:
+-- whenever the console is switched off, one of the two is whole.
+function jeu.save()
+    local text = saveText()
+    return writeSave(spareFile, text) and writeSave(saveFile, text)
 end
 
 local function readSaveLine(save, line)
@@ -86,8 +92,8 @@ local function readSaveLine(save, line)
     end
 end
 
-local function parseSave()
-    local file = io.open(saveFile, "rb")
+local function parseSave(path)
+    local file = io.open(path, "rb")
     if not file then
         return nil
     end
@@ -106,8 +112,13 @@ end
 
 -- The saved game as tables, or nil when there is none that can be used.
 function jeu.readSave()
-    local readable, save = pcall(parseSave)
-    return readable and save or nil
+    for i, path in ipairs({ saveFile, spareFile }) do
+        local readable, save = pcall(parseSave, path)
+        if readable and save then
+            return save
+        end
+    end
+    return nil
 end
 
 -- ------------------------------------------------------------ the talk box

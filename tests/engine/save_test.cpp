@@ -64,9 +64,16 @@ TEST(Save, IsOnlyOfferedWhenItIsWhole)
     const std::string whole = game.content("sauve.txt");
     ASSERT_EQ(game.value("jeu.readSave() ~= nil"), "true") << whole;
     for (std::size_t length = 0; length + 1 < whole.size(); ++length) {
-        game.file("sauve.txt", whole.substr(0, length));
-        ASSERT_EQ(game.value("jeu.readSave()"), "nil") << whole.substr(0, length);
+        const std::string cut = whole.substr(0, length); // the console was switched off while it wrote
+        game.file("sauve.txt", cut);
+        ASSERT_EQ(game.value("jeu.readSave().hero.vie"), "72.5") << cut;
+        game.file("sauve2.txt", cut);
+        ASSERT_EQ(game.value("jeu.readSave()"), "nil") << cut;
+        game.file("sauve.txt", whole);
+        ASSERT_EQ(game.value("jeu.readSave().hero.vie"), "72.5") << cut;
+        game.file("sauve2.txt", whole);
     }
+    game.remove("sauve2.txt");
     const std::string damaged[] = {"end\n",
                                    std::string(3000, '\0'),
                                    "os.exit()\n" + whole,
@@ -115,12 +122,14 @@ TEST(Save, OnAMapThatIsGoneSaysSoAndTheTitleComesBack)
 
 TEST(Save, SaysWhenItCannotBeWritten)
 {
-    Game game;
-    game.file("sauve.txt/in the way", "");
-    game.begin();
-    save(game);
-    game.run();
-    EXPECT_TRUE(contains(game.pages(), "could not be saved")) << game.pages();
+    for (const char* file : {"sauve.txt", "sauve2.txt"}) {
+        Game game;
+        game.file(std::string(file) + "/in the way", "");
+        game.begin();
+        save(game);
+        game.run();
+        EXPECT_TRUE(contains(game.pages(), "could not be saved")) << game.pages();
+    }
 }
 
 TEST(Save, DoesNotReachIntoANewGame)
