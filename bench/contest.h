@@ -22,14 +22,17 @@ struct Contestants {
 /// the runs that it gives.
 void addContest(const std::string& name, int rounds, std::function<Contestants()> enter);
 
-/// Seconds of one measure, round by round.
+/// What the values of a measure are.
+enum class Unit { Seconds, Megabytes, Percent };
+
+/// One measure, round by round: seconds, bytes or parts of one.
 struct Rounds {
     std::vector<double> ours;
     std::vector<double> floor; ///< as many
 };
 
 /// Notes a measure for the table.
-void note(const std::string& name, Rounds rounds);
+void note(const std::string& name, Rounds rounds, Unit unit = Unit::Seconds);
 
 /// Median of at least one value; of an even number the higher one in the middle.
 double median(std::vector<double> values);
@@ -37,5 +40,6 @@ double median(std::vector<double> values);
 /// Median of the ratios taken round by round.
 double medianRatio(const Rounds& rounds);
 
-/// Prints what was noted: name, both medians, ratio.
+/// Prints what was noted: name, both medians, ratio. Where measures are the same job at several sizes (names
+/// that differ in one number), the growth of ours from size to size follows: 1 is linear.
 void printTable();

@@ -9,3 +9,9 @@ void addMapView();
 void addEventScript();
 /// One key read from descriptors of three lengths.
 void addIniKey();
+/// The variables view, variables.lua and the control panel of long projects.
+void addLists();
+/// Memory and idle processor time of the running program, without and with map views.
+void addRunning();
+/// The player: a frame's processor time, and the way from "Test Game" to the first picture.
+void addPlayer();

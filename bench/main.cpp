@@ -18,6 +18,9 @@ int main(int count, char** arguments)
     addMapView();
     addIniKey();
     addEventScript();
+    addLists();
+    addRunning();
+    addPlayer();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     printTable();

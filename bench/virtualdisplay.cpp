@@ -2,9 +2,11 @@
 
 #include "toolkit/paths.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
+#include <fstream>
 #include <poll.h>
 #include <stdexcept>
 #include <thread>
@@ -45,6 +47,20 @@ double processorSecondsWhenQuiet(qint64 process)
     return now;
 }
 
+/// The most memory that a process has had, in bytes, as the system counts it.
+double peakMemory(qint64 process)
+{
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string word; status >> word;) {
+        if (word == "VmHWM:") {
+            double kilobytes = 0;
+            status >> kilobytes;
+            return kilobytes * 1024;
+        }
+    }
+    throw std::runtime_error("the program ended by itself");
+}
+
 template <class Event> using Owned = std::unique_ptr<Event, void (*)(void*)>;
 
 /// The next event; null when none came in time.
@@ -71,11 +87,30 @@ bool showsMainWindow(xcb_connection_t* connection, const xcb_generic_event_t& ev
     return !shown.override_redirect && geometry && geometry->width >= smallestWidth;
 }
 
+/// Whether a row in the middle of a window has anything but black.
+bool showsPicture(xcb_connection_t* connection, std::uint32_t window)
+{
+    constexpr int y = 136;
+    constexpr int width = 480;
+    constexpr std::uint32_t allPlanes = 0xFFFFFF;
+    const Owned<xcb_get_image_reply_t> row(
+        xcb_get_image_reply(
+            connection,
+            xcb_get_image(connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, y, width, 1, allPlanes), nullptr),
+        std::free);
+    if (!row) {
+        return false;
+    }
+    const std::uint8_t* const bytes = xcb_get_image_data(row.get());
+    return std::any_of(bytes, bytes + xcb_get_image_data_length(row.get()),
+                       [](std::uint8_t byte) { return byte != 0; });
+}
+
 /// A program that is ended with the contest.
 class Started
 {
 public:
-    Started(const Path& program, const QString& display)
+    Started(const Command& command, const QString& display)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"DISPLAY"_s, display);
@@ -84,7 +119,7 @@ public:
         process_.setProcessEnvironment(environment);
         process_.setStandardOutputFile(QProcess::nullDevice());
         process_.setStandardErrorFile(QProcess::nullDevice());
-        process_.start(qtPath(program), {});
+        process_.start(qtPath(command.program), command.arguments);
     }
     ~Started()
     {
@@ -129,20 +164,55 @@ VirtualDisplay::~VirtualDisplay()
     server_.waitForFinished();
 }
 
-VirtualDisplay::StartUp VirtualDisplay::start(const Path& program)
+std::uint32_t VirtualDisplay::awaitWindow(const Path& program) const
 {
-    const auto begin = Clock::now();
-    const Started started(program, name_);
+    const auto end = Clock::now() + longestWait;
     for (;;) {
-        const auto event = nextEvent(connection_.get(), begin + longestWait);
+        const auto event = nextEvent(connection_.get(), end);
         if (!event) {
             throw std::runtime_error("no window of " + program.string());
         }
-        const auto now = Clock::now();
-        const double processor = processorSeconds(started.number());
         if (showsMainWindow(connection_.get(), *event)) {
-            return {std::chrono::duration<double>(now - begin).count(), processor,
-                    processorSecondsWhenQuiet(started.number())};
+            return reinterpret_cast<const xcb_map_notify_event_t&>(*event).window;
         }
     }
+}
+
+VirtualDisplay::StartUp VirtualDisplay::start(const Path& program)
+{
+    const auto begin = Clock::now();
+    const Started started({program, {}}, name_);
+    awaitWindow(program);
+    const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
+    const double processor = processorSeconds(started.number());
+    return {seconds, processor, processorSecondsWhenQuiet(started.number())};
+}
+
+double VirtualDisplay::firstPicture(const Command& command)
+{
+    const auto begin = Clock::now();
+    const Started started(command, name_);
+    const std::uint32_t window = awaitWindow(command.program);
+    while (!showsPicture(connection_.get(), window)) {
+        if (Clock::now() > begin + longestWait) {
+            throw std::runtime_error("no picture of " + command.program.string());
+        }
+        std::this_thread::sleep_for(500us);
+    }
+    return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+VirtualDisplay::Watch VirtualDisplay::watch(const Command& command)
+{
+    constexpr auto rest = 2s;
+    constexpr auto span = 8s;
+    const Started started(command, name_);
+    awaitWindow(command.program);
+    std::this_thread::sleep_for(rest);
+    const auto begin = Clock::now();
+    const double before = processorSeconds(started.number());
+    std::this_thread::sleep_for(span);
+    const double used = processorSeconds(started.number()) - before;
+    const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
+    return {peakMemory(started.number()), used / seconds};
 }
