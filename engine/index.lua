@@ -79,7 +79,7 @@ function jeu.textOf(lines, count)
     return table.concat(lines, "\n", firstLine(lines), count - 1)
 end
 
-local function linesOf(text)
+function jeu.linesOf(text)
     local lines, start = {}, 1
     text = string.gsub(text, "\r", "")
     while true do
@@ -318,7 +318,7 @@ end
 
 -- The message about a cell that Lua refused with `message`.
 function jeu.describeFault(name, text, message)
-    local line, words = findFault(linesOf(text))
+    local line, words = findFault(jeu.linesOf(text))
     if line then
         return name .. ", line " .. line .. ": " .. words
     end
@@ -368,7 +368,7 @@ end
 -- Comparisons and changes of variables that Lua takes but that cannot be meant: with a name
 -- that nobody gave a value, or of a text with a number.
 function jeu.slipsOf(text)
-    local lines, slips = linesOf(text), {}
+    local lines, slips = jeu.linesOf(text), {}
     local own = ownNames(lines)
     for number, line in ipairs(lines) do
         local code, start = codeOf(line), 1

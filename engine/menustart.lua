@@ -158,16 +158,10 @@ end
 -- letters among them, go to the screen as they are.
 local function wrap(text)
     local lines = {}
-    text = string.gsub(string.gsub(text, "\r", ""), "\t", "    ")
-    local start = 1
-    while true do
-        local feed = string.find(text, "\n", start, true)
-        addWrapped(lines, string.sub(text, start, (feed or 0) - 1))
-        if not feed then
-            return lines
-        end
-        start = feed + 1
+    for i, line in ipairs(jeu.linesOf(string.gsub(text, "\t", "    "))) do
+        addWrapped(lines, line)
     end
+    return lines
 end
 
 -- A triangle when another page follows, a square after the last one.
