@@ -10,6 +10,7 @@
 #include "store/store.h"
 #include "variables/var.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
@@ -38,8 +39,7 @@ Mainform::Mainform()
     setWindowTitle(u"Questforge 3"_s);
     area_ = new QMdiArea(this);
     area_->setObjectName("WorkArea"_L1);
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    fitScrollBars();
     area_->setActivationOrder(
         QMdiArea::ActivationHistoryOrder); // a closed view gives way to the one before it
     area_->viewport()->installEventFilter(this);
@@ -47,6 +47,7 @@ Mainform::Mainform()
     QAction* menu = menuBar()->addAction(u"Menu"_s, this, &Mainform::Menu_Click);
     menu->setObjectName("Menu"_L1);
     connect(area_, &QMdiArea::subWindowActivated, this, &Mainform::noteActive);
+    connect(area_, &QMdiArea::subWindowActivated, this, &Mainform::fitScrollBars);
     resize(openingSize.boundedTo(screen()->availableSize()));
     showAcc();
 }
@@ -54,6 +55,9 @@ Mainform::Mainform()
 Mainform::~Mainform()
 {
     area_->disconnect(this); // the area, which goes later, reports windows to the end
+    for (const QMdiSubWindow* window : area_->subWindowList()) {
+        window->disconnect(this);
+    }
 }
 
 template <class Only> Only* Mainform::find() const
@@ -81,10 +85,24 @@ void Mainform::addView(View* view)
     auto* window = new QMdiSubWindow;
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWidget(view);
+    connect(window, &QMdiSubWindow::windowStateChanged, this, &Mainform::fitScrollBars);
     const int step = static_cast<int>(area_->subWindowList().size()) % cascadeSteps * cascadeStep;
     area_->addSubWindow(window);
     window->resize(window->sizeHint());
     window->move(controlPanelWidth() + step, step);
+}
+
+/// A maximised view fills the area: there is nothing to scroll to, and the toolkit, which counts views
+/// beneath it, would show and hide the bars without end.
+void Mainform::fitScrollBars()
+{
+    const QList<QMdiSubWindow*> windows = area_->subWindowList();
+    const bool filled = std::any_of(windows.begin(), windows.end(), [](const QMdiSubWindow* window) {
+        return window->isVisible() && window->isMaximized();
+    });
+    const auto policy = filled ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+    area_->setHorizontalScrollBarPolicy(policy);
+    area_->setVerticalScrollBarPolicy(policy);
 }
 
 void Mainform::showView(View* view)

@@ -42,6 +42,7 @@ private:
 
     /// Gives a view its window in the work area, not yet shown.
     void addView(View* view);
+    void fitScrollBars();
     void showView(View* view);
     template <class Only> void showOnly();
     template <class Only> Only* find() const;
