@@ -2,6 +2,7 @@
 
 local jeu, string, math, io, Image = jeu, string, math, io, Image
 local type, tostring, tonumber, pcall, ipairs, pairs = type, tostring, tonumber, pcall, ipairs, pairs
+local collectgarbage = collectgarbage
 local display = jeu.display
 local place = jeu.place
 

@@ -5,8 +5,9 @@
 -- affichertexte, runmap and screen.
 
 local jeu, string, table, math, io, Image, Controls = jeu, string, table, math, io, Image, Controls
-local type, tostring, tonumber, error = type, tostring, tonumber, error
-local pcall, ipairs, pairs = pcall, ipairs, pairs
+local type, tostring, tonumber, error, ipairs, pairs = type, tostring, tonumber, error, ipairs, pairs
+local pcall, xpcall, dofile, loadstring, setfenv = pcall, xpcall, dofile, loadstring, setfenv
+local setmetatable, rawset, unpack, collectgarbage = setmetatable, rawset, unpack, collectgarbage
 local display = screen
 
 jeu.display = display
@@ -230,9 +231,7 @@ local function separateCells()
     end
 end
 
-local function refuse()
-    error("no line may run")
-end
+local function refuse() error("no line may run") end
 
 local nothing = setmetatable({}, { __index = refuse, __newindex = refuse })
 
@@ -243,6 +242,7 @@ function jeu.probeEvents(map)
         local isEmpty = pcall(runev, 0, 0, map)
         setfenv(runev, jeu.globals)
         if not isEmpty then
+            collectgarbage()
             separateCells()
         end
     end
@@ -298,14 +298,13 @@ end
 function jeu.runLines(map, row, column)
     local name = jeu.cellName(map, row, column)
     jeu.currentCell = name
-    local slips = newSlips(name, map, row, column)
-    local run = functionOf(name)
+    local slips, run = newSlips(name, map, row, column), functionOf(name)
     local ran, message = true, nil
     if type(run) == "function" then
-        ran, message = xpcall(function()
-            run(column, row, map)
-        end, jeu.withPlace)
+        ran, message = xpcall(function() run(column, row, map) end, jeu.withPlace)
     end
+    -- Lines that took all memory leave none for the message.
+    if not ran then collectgarbage() end
     changed = jeu.settleHero()
     local failure = not ran and jeu.describeError(tostring(message), name)
     tellSlips(slips, name, failure or "")

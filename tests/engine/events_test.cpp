@@ -192,6 +192,20 @@ TEST(Events, TellTheirMistakesAndTheGameGoesOn)
     }
 }
 
+TEST(Events, ThatTakeAllMemoryAreToldAndTheGameGoesOn)
+{
+    Game game;
+    game.event(5, 5, "local list = {}\r\nwhile true do\r\nlist[#list + 1] = {}\r\nend");
+    game.begin();
+    game.walk(button::right, 1);
+    game.wait(60);
+    game.press(button::cross);
+    game.walk(button::up, 1);
+    EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
+    EXPECT_TRUE(contains(game.told(), "not enough memory")) << game.told();
+    EXPECT_EQ(game.value(place), "5,4");
+}
+
 TEST(Events, DrawOnTheScreenWithEveryArgument)
 {
     Game game;
@@ -210,10 +224,16 @@ TEST(Events, MayCallTheirOwnThingsAsTheyLike)
     Game game;
     game.event(5, 5,
                "jeu, string, table, math, io = 1, 2, 3, 4, 5\r\ntype, pairs, ipairs, pcall = 1, 2, 3, 4\r\n"
-               "tonumber, error, Controls, Image = 1, 2, 3, 4");
-    game.event(6, 5, "affichertexte(\"still here\")");
+               "tonumber, error, Controls, Image = 1, 2, 3, 4\r\n"
+               "xpcall, dofile, loadstring, setfenv = 1, 2, 3, 4\r\n"
+               "setmetatable, rawset, unpack, collectgarbage = 1, 2, 3, 4");
+    game.event(6, 5, "screen:clear()\r\nrunmap(\"02\")");
+    game.map("02", "0405");
+    game.event("02", 5, 5, "affichertexte(\"still here\")");
     game.begin();
     game.walk(button::right, 2);
+    game.wait(30);
+    game.walk(button::right, 1);
     EXPECT_EQ(game.run(), Outcome::Closed);
     EXPECT_TRUE(contains(game.pages(), "still here"));
 }
