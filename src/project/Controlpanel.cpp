@@ -100,10 +100,12 @@ void Controlpanel::tester()
 
 void Controlpanel::closeEvent(QCloseEvent* event)
 {
-    if (!askYesNo(this, u"Quitter Questforge ?"_s)) {
-        event->ignore();
+    View::closeEvent(event);
+    if (!event->isAccepted()) {
         return;
     }
-    SetCurrentProject({});
-    event->accept();
+    event->setAccepted(askYesNo(this, u"Quitter Questforge ?"_s));
+    if (event->isAccepted()) {
+        SetCurrentProject({});
+    }
 }

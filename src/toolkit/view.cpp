@@ -1,6 +1,7 @@
 #include "toolkit/view.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPixmap>
@@ -22,6 +23,11 @@ View::View(Workspace& workspace, const QString& name, const QString& caption)
 QSize View::sizeHint() const
 {
     return surface()->sizeHint().expandedTo(surface()->minimumSize()).boundedTo(surface()->maximumSize());
+}
+
+void View::closeEvent(QCloseEvent* event)
+{
+    event->setAccepted(QApplication::activeModalWidget() == nullptr);
 }
 
 QMdiSubWindow* View::frameWindow() const

@@ -25,6 +25,10 @@ public:
     virtual void deactivated() {}
 
 protected:
+    /// No view closes while a box waits for its answer: the box may be this view's own. The keys that close a
+    /// view reach it even then, when they are struck faster than the box gets the keys.
+    void closeEvent(QCloseEvent* event) override;
+
     Workspace& workspace() const { return workspace_; }
     /// The widget that holds the view's controls.
     QWidget* surface() const { return widget(); }

@@ -134,8 +134,8 @@ void Monkey::measureLateness()
 {
     const auto now = Clock::now();
     const auto delay = processorDelay();
-    const bool isFirst = lastLook_ == Clock::time_point();
-    const auto silence = isFirst ? Clock::duration() : now - lastLook_ - (delay - lastDelay_);
+    const bool isWorking = step_ >= orders_.first; // what comes before is the program's start
+    const auto silence = isWorking ? now - lastLook_ - (delay - lastDelay_) : Clock::duration();
     lastLook_ = now;
     lastDelay_ = delay;
     if (silence > longestSilence) {
