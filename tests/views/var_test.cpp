@@ -1,5 +1,8 @@
 #include "program.h"
 
+#include <QApplication>
+#include <QTimer>
+
 namespace
 {
 
@@ -46,6 +49,28 @@ TEST_F(Variables, AreAddedWithTheirStartValue)
                                     "[Variable2]\r\nnumero=2\r\nvaleur=\r\n";
     expected.replace(expected.find("nombre=0"), 8, "nombre=2");
     EXPECT_EQ(app.read("projets/demo/projet.ini"), expected);
+}
+
+TEST_F(Variables, StayOpenWhileTheirBoxWaits)
+{
+    const QWidget& variables = open();
+    QTimer closing;
+    closing.callOnTimeout([&] {
+        if (QApplication::activeModalWidget() != nullptr) {
+            variables.parentWidget()->close();
+            closing.stop();
+        }
+    });
+    closing.start(0);
+    answers.line(prompt, "7");
+    click(variables, "Command1");
+    settle();
+    EXPECT_FALSE(closing.isActive());
+    EXPECT_TRUE(isShown("var"));
+    EXPECT_EQ(ReadIni("Variable1", "valeur", Descriptor()), "7");
+    variables.parentWidget()->close(); // nothing waits any more
+    settle();
+    EXPECT_EQ(findView("var"), nullptr);
 }
 
 TEST_F(Variables, AClickOnALineAsksForItsNewStartValue)
