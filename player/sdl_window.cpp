@@ -20,12 +20,15 @@ constexpr Area screenArea{screenWidth, screenHeight};
     throw std::runtime_error(std::string(what) + ": " + SDL_GetError());
 }
 
-// A size at which the letters are easy to read and the editor beside the window stays in sight.
+// Twice the picture's size where the desktop has room for it, at which the letters are easy to read and the
+// editor beside the window stays in sight; more only where half the desktop holds it.
 Area firstSize()
 {
     SDL_Rect desktop{0, 0, screenWidth, screenHeight};
     SDL_GetDisplayUsableBounds(0, &desktop);
-    const int factor = wholeFactor(screenArea, {desktop.w * 3 / 4, desktop.h * 3 / 4});
+    const int largest = wholeFactor(screenArea, {desktop.w * 3 / 4, desktop.h * 3 / 4});
+    const int beside = wholeFactor(screenArea, {desktop.w / 2, desktop.h / 2});
+    const int factor = std::max(std::min(largest, 2), beside);
     return {screenWidth * factor, screenHeight * factor};
 }
 
