@@ -57,7 +57,8 @@ void appendMap(std::string& script, const std::string& mapNumber)
     MapEvents events(EventFolder(mapNumber));
     script.append("if map == \"").append(mapNumber).append("\" then\r\n");
     for (int row = 1; row <= MapModel::storedRows; ++row) {
-        for (int column = 1; column <= MapModel::columns; ++column) {
+        for (int column = 1; column <= MapModel::columns && script.size() <= platform::largestFile;
+             ++column) {
             appendCell(script, row, column, events.text(row, column));
         }
     }
@@ -71,7 +72,8 @@ std::string EventScript(int maps)
     std::string script = "function runev(colonne,ligne,map)\r\n";
     script.reserve(script.size() +
                    static_cast<std::size_t>(maps) * MapModel::storedRows * MapModel::columns * branchBytes);
-    for (int number = 1; number <= maps; ++number) {
+    // Beyond the largest file the script will not be written, and the events of many maps may be any size.
+    for (int number = 1; number <= maps && script.size() <= platform::largestFile; ++number) {
         appendMap(script, MapNumberText(number));
     }
     return script.append("\r\nend");

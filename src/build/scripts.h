@@ -7,6 +7,7 @@
 
 /// The text of ev.lua for maps 1 to `maps` of the current project: function runev with one branch per cell of
 /// rows 1 to 9, each holding the cell's event file as it stands; a file that is missing counts as empty.
+/// It ends early once it is larger than any file that can be written.
 std::string EventScript(int maps);
 
 /// Writes ev.lua of the current project. Failure: silent, an older script stays.

@@ -10,7 +10,10 @@
 /// a line at a CR alone, which no editor of today writes. They find no value in a line without "=", here a
 /// later line has it. A section's name goes up to the last "]" of its line, here to the first, lest a remark
 /// behind it hides it; a line without "]" opens none, here it does, lest its keys count for the section
-/// above. Of a quoted value of the longest length they lose the last byte.
+/// above. Of a quoted value of the longest length they lose the last byte. They clear blanks around the names
+/// that they are asked for; here a name counts as it is given. They write a line break in a value as it is,
+/// so that the rest becomes a line of its own; here it becomes a blank. They fill a line that has the key and
+/// no "=", here a line is added. After a UTF-8 mark they write UTF-8, here a value's bytes stay Windows-1252.
 #pragma once
 
 #include <optional>

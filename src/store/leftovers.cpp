@@ -1,6 +1,7 @@
 #include "store/leftovers.h"
 
 #include <charconv>
+#include <chrono>
 #include <optional>
 
 namespace
@@ -36,13 +37,21 @@ std::optional<int> processOf(const Path& path)
     return exact ? process : std::nullopt;
 }
 
+/// Longer than any write takes: by then another program has the number.
+bool isOld(const fs::directory_entry& entry)
+{
+    std::error_code failure;
+    const fs::file_time_type written = entry.last_write_time(failure);
+    return !failure && fs::file_time_type::clock::now() - written > std::chrono::hours(1);
+}
+
 /// This program writes nothing while it sweeps: what bears its number is of one that had it before.
 bool isLeftover(const fs::directory_entry& entry)
 {
     std::error_code ignored;
     const auto process = processOf(entry.path());
     return process && entry.symlink_status(ignored).type() == fs::file_type::regular &&
-           (*process == platform::ownProcess() || !platform::isRunning(*process));
+           (*process == platform::ownProcess() || !platform::isRunning(*process) || isOld(entry));
 }
 
 } // namespace

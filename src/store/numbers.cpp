@@ -57,8 +57,8 @@ std::optional<int> numberFromBits(std::string_view text)
     return bits ? std::optional<int>(static_cast<std::int16_t>(*bits)) : std::nullopt;
 }
 
-/// Sign, parentheses, currency symbol and blanks on both sides of the digits: each at most once, parentheses
-/// in place of a sign.
+/// Sign, parentheses, currency symbol and blanks around the digits: a symbol at most once on each side, a
+/// sign at most once in all, parentheses in its place.
 class Surroundings
 {
 public:
@@ -78,19 +78,19 @@ public:
 private:
     void takeAll(std::string_view& text, char parenthesis)
     {
+        bool priced = false;
         std::size_t taken = 0;
         do {
-            taken = lengthOfNext(text, parenthesis);
+            taken = lengthOfNext(text, parenthesis, priced);
             text.remove_prefix(taken);
         } while (taken > 0);
     }
 
-    std::size_t lengthOfNext(std::string_view text, char parenthesis)
+    std::size_t lengthOfNext(std::string_view text, char parenthesis, bool& priced)
     {
-        if (!currency_.empty() && text.starts_with(currency_)) {
-            const std::size_t length = currency_.size();
-            currency_ = {};
-            return length;
+        if (!priced && !currency_.empty() && text.starts_with(currency_)) {
+            priced = true;
+            return currency_.size();
         }
         if (text.empty()) {
             return 0;
@@ -161,7 +161,7 @@ std::optional<Decimal> takeDigits(std::string_view& text, const NumberMarks& mar
             found = true;
         } else if (c == marks.decimal && !fraction) {
             fraction = true;
-        } else if (fraction || !found || !isGroupMark(c, marks)) {
+        } else if (!found || !isGroupMark(c, marks)) {
             break;
         }
     }

@@ -18,16 +18,17 @@ struct NumberMarks {
     /// Between the thousands. A no-break blank stands for the plain one too, which is what people type. '\0':
     /// the locale has none.
     char group = ',';
-    /// May stand once before or after the digits; empty: there is none.
+    /// May stand once before the digits and once after them; empty: there is none.
     std::string currency{};
 };
 
 /// A whole number from -32768 to 32767 as a person types it, by the rules of the system's own conversion of
 /// text to a 16-bit number:
-/// - Around the digits, in any order: blanks, one currency symbol, and one sign before or after them or
-///   parentheses around them, which mean minus.
-/// - Digits with a fraction. Group marks may stand anywhere behind the first digit and before the decimal
-///   mark: the system does not count the digits between them.
+/// - Around the digits, in any order: blanks, a currency symbol on each side, and one sign before or after
+/// them
+///   or parentheses around them, which mean minus.
+/// - Digits with a fraction. Group marks may stand anywhere behind the first digit: the system does not count
+///   the digits between them.
 /// - An exponent after "e" or "d", of either case, with a sign of its own.
 /// - Or, with nothing but blanks around: sixteen bits as "&H" and hexadecimal or "&O" or "&" and octal
 /// digits;

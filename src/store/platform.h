@@ -13,11 +13,14 @@ using Path = std::filesystem::path;
 namespace platform
 {
 
+/// The largest file, in bytes, that is read or written.
+constexpr std::size_t largestFile = std::size_t{256} * 1024 * 1024;
+
 /// To be called once, at the program's start: a write beyond the largest file that the user may make fails
 /// from then on, as on a full disk, where the system would end the program.
 void failOversizedWrites();
 
-/// Reads a whole regular file of at most 256 MB into `content`.
+/// Reads a whole regular file of at most the largest size into `content`.
 ///
 /// Failure: the reason; `content` is then empty. Folders, pipes and devices are not read.
 std::error_code readFile(const Path& path, std::string& content);
@@ -26,9 +29,10 @@ std::error_code readFile(const Path& path, std::string& content);
 ///
 /// The bytes go to a file beside it that is renamed over it at the end, so that at any moment the file holds
 /// its old or its new content. A link keeps pointing where it points, permissions are kept. Failure: the
-/// reason; the older file is then untouched and nothing is left beside it. A program that is killed meanwhile
-/// leaves at most the file beside, which is named as LeftoverName says. A file marked read-only and
-/// anything but a regular file is refused.
+/// reason; the older file is then untouched and nothing is left beside it, unless the folder takes nothing
+/// away any more. A program that is killed meanwhile leaves at most the file beside, which is named as
+/// LeftoverName says. A file marked read-only, one that is too large to be read, content of such a size and
+/// anything but a regular file is refused. Other hard links to the file keep its old content.
 std::error_code replaceFile(const Path& path, std::string_view content);
 
 /// Keeps other programs that take the same lock out as long as it lives. No file is made for it, and a

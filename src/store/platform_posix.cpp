@@ -18,7 +18,6 @@ namespace platform
 namespace
 {
 
-constexpr off_t largestFile = off_t{256} * 1024 * 1024;
 // Not to wait for the other end when somebody laid a pipe where a file belongs.
 constexpr int readFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
 
@@ -77,6 +76,11 @@ bool readAll(int descriptor, std::string& content)
     return true;
 }
 
+bool isTooLarge(const struct stat& state)
+{
+    return static_cast<std::uintmax_t>(state.st_size) > largestFile;
+}
+
 /// Reads a whole file that was just opened; the last error tells why it could not be.
 std::error_code readOpened(const Descriptor& file, std::string& content)
 {
@@ -88,7 +92,7 @@ std::error_code readOpened(const Descriptor& file, std::string& content)
     if (!S_ISREG(state.st_mode)) {
         return std::make_error_code(std::errc::invalid_argument);
     }
-    if (state.st_size > largestFile) {
+    if (isTooLarge(state)) {
         return std::make_error_code(std::errc::file_too_large);
     }
     content.resize(static_cast<std::size_t>(state.st_size));
@@ -108,6 +112,7 @@ bool writeAll(int descriptor, std::string_view content)
             continue;
         }
         if (count <= 0) {
+            errno = count == 0 ? EIO : errno; // nothing taken and no reason given
             return false;
         }
         content.remove_prefix(static_cast<std::size_t>(count));
@@ -148,6 +153,9 @@ std::error_code refusal(const Path& target, const struct stat& old)
     if (!S_ISREG(old.st_mode)) {
         return std::make_error_code(std::errc::operation_not_permitted);
     }
+    if (isTooLarge(old)) {
+        return std::make_error_code(std::errc::file_too_large);
+    }
     // Asked of the mode too, since the administrator may write whatever the mode says.
     if ((old.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) {
         return std::make_error_code(std::errc::permission_denied);
@@ -180,6 +188,9 @@ std::error_code readFile(const Path& path, std::string& content)
 
 std::error_code replaceFile(const Path& path, std::string_view content)
 {
+    if (content.size() > largestFile) {
+        return std::make_error_code(std::errc::file_too_large);
+    }
     const Path target = linkTarget(path);
     struct stat old = {};
     const bool exists = ::stat(target.c_str(), &old) == 0;
@@ -265,12 +276,20 @@ std::error_code Folder::list(std::vector<std::string>& names) const
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(listing < 0 ? nullptr : ::fdopendir(listing),
                                                       ::closedir);
     if (!entries) {
-        return lastError();
+        const std::error_code failure = lastError();
+        ::close(listing);
+        return failure;
     }
+    errno = 0; // the end of the list is told from a failure by this alone
     while (const dirent* entry = ::readdir(entries.get())) {
         names.emplace_back(entry->d_name);
+        errno = 0;
     }
-    return {};
+    const std::error_code failure = lastError();
+    if (failure) {
+        names.clear();
+    }
+    return failure;
 }
 
 std::error_code Folder::readFile(const std::string& name, std::string& content) const

@@ -11,7 +11,6 @@ namespace platform
 namespace
 {
 
-constexpr LONGLONG largestFile = LONGLONG{256} * 1024 * 1024;
 constexpr DWORD everySharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 std::error_code errorOf(DWORD number)
@@ -98,11 +97,14 @@ bool readAll(HANDLE file, std::string& content)
 
 bool writeAll(HANDLE file, std::string_view content)
 {
-    constexpr std::size_t largestStep = std::size_t{1} << 30;
     while (!content.empty()) {
         DWORD count = 0;
-        const auto step = static_cast<DWORD>(std::min(content.size(), largestStep));
-        if (::WriteFile(file, content.data(), step, &count, nullptr) == 0 || count == 0) {
+        const auto size = static_cast<DWORD>(content.size()); // the largest file fits
+        if (::WriteFile(file, content.data(), size, &count, nullptr) == 0) {
+            return false;
+        }
+        if (count == 0) {
+            ::SetLastError(ERROR_WRITE_FAULT); // nothing taken and no reason given
             return false;
         }
         content.remove_prefix(count);
@@ -127,6 +129,17 @@ Handle makeBeside(const Path& target, Path& beside)
     return Handle(file);
 }
 
+/// The size of an open file, in bytes. Failure: the reason.
+std::error_code sizeOf(const Handle& file, std::size_t& size)
+{
+    LARGE_INTEGER told = {};
+    if (::GetFileSizeEx(file.get(), &told) == 0) {
+        return lastError();
+    }
+    size = static_cast<std::size_t>(told.QuadPart);
+    return size > largestFile ? std::make_error_code(std::errc::file_too_large) : std::error_code();
+}
+
 /// Finds where the bytes belong. Failure: the reason why they may not be written there.
 std::error_code findTarget(const Path& path, Path& target, bool& exists)
 {
@@ -141,6 +154,10 @@ std::error_code findTarget(const Path& path, Path& target, bool& exists)
         return free ? std::error_code() : failure;
     }
     target = placeOf(old.get(), path);
+    std::size_t size = 0;
+    if (const std::error_code refused = sizeOf(old, size)) {
+        return refused;
+    }
     // Asked of the mark too, since an emulator that runs as the administrator opens such a file for writing.
     const bool marked = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
     return marked ? std::make_error_code(std::errc::permission_denied) : std::error_code();
@@ -191,20 +208,17 @@ std::error_code readFile(const Path& path, std::string& content)
 {
     content.clear();
     const Handle file(openThere(path, GENERIC_READ));
-    LARGE_INTEGER size = {};
+    std::size_t size = 0;
     if (!file.isOpen()) {
         return lastError();
     }
     if (!file.isOnDisk()) {
         return std::make_error_code(std::errc::invalid_argument);
     }
-    if (::GetFileSizeEx(file.get(), &size) == 0) {
-        return lastError();
+    if (const std::error_code failure = sizeOf(file, size)) {
+        return failure;
     }
-    if (size.QuadPart > largestFile) {
-        return std::make_error_code(std::errc::file_too_large);
-    }
-    content.resize(static_cast<std::size_t>(size.QuadPart));
+    content.resize(size);
     if (!readAll(file.get(), content)) {
         const std::error_code failure = lastError();
         content.clear();
@@ -215,6 +229,9 @@ std::error_code readFile(const Path& path, std::string& content)
 
 std::error_code replaceFile(const Path& path, std::string_view content)
 {
+    if (content.size() > largestFile) {
+        return std::make_error_code(std::errc::file_too_large);
+    }
     Path target;
     bool exists = false;
     if (const std::error_code refused = findTarget(path, target, exists)) {
