@@ -1,13 +1,11 @@
 // The tool with map views open, to be measured from outside: mapviews APPDIR COUNT.
 #include "app/Mainform.h"
 #include "store/store.h"
+#include "toolkit/theme.h"
 
 #include <cstdlib>
 #include <QApplication>
 #include <QMdiArea>
-#include <QStyleFactory>
-
-using namespace Qt::StringLiterals;
 
 int main(int count, char** arguments)
 {
@@ -15,7 +13,7 @@ int main(int count, char** arguments)
     if (count != 3) {
         return 2;
     }
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    dress(application);
     SetAppDir(arguments[1]);
     SetCurrentProject("demo");
     Mainform window;

@@ -152,7 +152,7 @@ end
 dofile("index.lua")
 )";
 
-void frames(benchmark::State& state, const char* name, const char* script)
+void play(benchmark::State& state, const std::string& scene, const char* script)
 {
     constexpr double framesPerSecond = 60;
     const TalkativeGame game(1);
@@ -160,14 +160,36 @@ void frames(benchmark::State& state, const char* name, const char* script)
     WriteWholeFile(script, ProjectFile("scene.lua"));
     std::filesystem::current_path(ProjectDir());
     VirtualDisplay display;
+    Rounds frames;
+    Rounds memory;
+    for ([[maybe_unused]] auto round : state) {
+        const auto ours = display.watch({player, {u"scene.lua"_s}});
+        const auto floor = display.watch({PLAYER_FLOOR, {u"talk"_s}});
+        frames.ours.push_back(ours.processorShare / framesPerSecond);
+        frames.floor.push_back(floor.processorShare / framesPerSecond);
+        memory.ours.push_back(ours.peakMemory);
+        memory.floor.push_back(floor.peakMemory);
+        state.SetIterationTime(frames.ours.back());
+    }
+    std::filesystem::current_path("/");
+    note("player's processor time of a frame, " + scene, frames);
+    note("player's peak memory, " + scene, memory, Unit::Megabytes);
+}
+
+/// From the player's start to the game's first picture, scripts of one map and pictures loaded.
+void startGame(benchmark::State& state)
+{
+    const TalkativeGame game(1);
+    writeScripts(game.maps);
+    VirtualDisplay display;
     Rounds rounds;
     for ([[maybe_unused]] auto round : state) {
-        rounds.ours.push_back(display.watch({player, {u"scene.lua"_s}}).processorShare / framesPerSecond);
-        rounds.floor.push_back(display.watch({PLAYER_FLOOR, {u"talk"_s}}).processorShare / framesPerSecond);
+        rounds.ours.push_back(secondsToPicture(display, game.folder.path(), {player, {u"index.lua"_s}}));
+        rounds.floor.push_back(secondsToPicture(display, ProjectDir(), {PLAYER_FLOOR, {u"title"_s}}));
         state.SetIterationTime(rounds.ours.back());
     }
     std::filesystem::current_path("/");
-    note(name, rounds);
+    note("player's start to the first picture", rounds);
 }
 
 template <class Measure> void add(const std::string& name, int rounds, Measure measure)
@@ -192,10 +214,7 @@ void addPlayer()
         add("Test Game, " + std::to_string(maps), 11,
             [maps](benchmark::State& state) { testGame(state, maps); });
     }
-    add("talk box", 3, [](benchmark::State& state) {
-        frames(state, "player's processor time of a frame, talk box open", pressing);
-    });
-    add("walk", 3, [](benchmark::State& state) {
-        frames(state, "player's processor time of a frame, hero walking", walking);
-    });
+    add("talk box", 3, [](benchmark::State& state) { play(state, "talk box open", pressing); });
+    add("walk", 3, [](benchmark::State& state) { play(state, "hero walking", walking); });
+    add("game's start", 11, startGame);
 }

@@ -1,9 +1,11 @@
 # What the scripts beside the sources share: packages and building. Sourced, not run.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsdl2-dev libsdl2-image-dev liblua5.1-0-dev
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libsdl2-dev libsdl2-image-dev liblua5.1-0-dev
     fonts-liberation2 libgl1-mesa-dev)
 test_packages=(libgtest-dev libbenchmark-dev libxcb1-dev clang-format clang-tidy python3 python3-pil tidy xvfb x11-xkb-utils xdotool imagemagick)
 package_packages=(dpkg-dev binutils xz-utils python3 python3-pil)
+# What a screen reader talks to.
+test_packages+=(at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi)
 # The tests look at the packages, too.
 test_packages+=("${package_packages[@]}" lintian desktop-file-utils appstream man-db)
 

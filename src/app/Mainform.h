@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <vector>
 
 class Controlpanel;
 class QMdiArea;
@@ -37,6 +38,18 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// How views are put in order.
+    using Arrangement = std::vector<QPoint>(const std::vector<QSize>& views, const QSize& area);
+
+    void addKeys();
+    /// Shows the next view, or the one before for -1, in the order in which they were opened.
+    void showNeighbour(int step);
+    void closeActive();
+    void enterMenuBar();
+    void arrange(Arrangement* arrangement);
+    /// Scrolls to the control that has the keys.
+    void reveal(QWidget* control);
+
     void Menu_Click();
     void MDIForm_Click();
 

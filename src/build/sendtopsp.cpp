@@ -2,6 +2,7 @@
 
 #include "toolkit/boxes.h"
 #include "toolkit/directorylist.h"
+#include "toolkit/theme.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -43,9 +44,10 @@ sendtopsp::sendtopsp(Workspace& workspace)
     : View(workspace, u"sendtopsp"_s, u"Finalize & save!"_s)
 {
     auto* column = new QVBoxLayout(surface());
-    column->setContentsMargins(12, 12, 12, 12);
+    column->setContentsMargins(viewMargin, viewMargin, viewMargin, viewMargin);
+    column->setSpacing(controlGap);
     column->addWidget(options());
-    column->addWidget(folderChooser());
+    column->addWidget(folderChooser(), 1);
 }
 
 QWidget* sendtopsp::options()
@@ -72,11 +74,13 @@ QWidget* sendtopsp::folderChooser()
     auto* Frame1 = named<QGroupBox>("Frame1"_L1, u"Choose the folder"_s, surface());
     Drive1 = named<QComboBox>("Drive1"_L1, Frame1);
     Drive1->setAccessibleName(u"Drive"_s);
+    Drive1->setToolTip(u"The list below shows the folders of this drive"_s);
     Drive1->addItems(volumes());
     Drive1->setCurrentText(QStorageInfo(QDir::currentPath()).rootPath());
     Dir1 = named<DirectoryList>("Dir1"_L1, Frame1);
     Dir1->setMinimumSize(listSize);
     Dir1->setAccessibleName(u"Folder"_s);
+    Dir1->setToolTip(u"Double-click a folder to open it"_s);
     Dir1->setPath(QDir::currentPath());
     auto* column = new QVBoxLayout(Frame1);
     column->addWidget(Drive1);

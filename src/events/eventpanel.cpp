@@ -15,12 +15,7 @@ EventPanel::EventPanel(EventPanelHost& host, Workspace& workspace, QWidget* pare
     , workspace_(workspace)
 {
     setObjectName("Frame6"_L1);
-    buildList();
-    buildCommands();
-    buildHpFrame();
-    buildMapFrame();
-    buildConditionFrame();
-    buildVariableFrame();
+    build();
     connectControls();
 }
 

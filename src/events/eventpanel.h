@@ -16,6 +16,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
+class QVBoxLayout;
 class ScrollBar;
 
 /// What the panel asks of the view that it lies in.
@@ -56,14 +57,19 @@ public:
 
 private:
     // The look of the panel (eventpanel_layout.cpp).
-    void buildList();
-    void buildCommands();
+    void build();
+    QLayout* buildList();
+    QLayout* buildFoot();
+    QLayout* buildCommands();
+    QLayout* buildFrames();
     void buildHpFrame();
     void buildMapFrame();
     void buildConditionFrame();
     void buildVariableFrame();
-    QPushButton* command(const QString& name, const QString& caption, int column, int line);
-    QGroupBox* commandFrame(const QString& name, const QString& caption, int column, int line);
+    void addHeading(const QString& text, QVBoxLayout* column);
+    QPushButton* command(const QString& name, const QString& caption, const QString& toolTip,
+                         QVBoxLayout* column);
+    QGroupBox* commandFrame(const QString& name, const QString& caption);
     void connectControls();
 
     // The list (eventpanel.cpp).

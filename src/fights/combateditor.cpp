@@ -1,8 +1,10 @@
 #include "fights/combateditor.h"
 
 #include "fights/fights.h"
+#include "toolkit/pictures.h"
 #include "toolkit/scrollbar.h"
 #include "toolkit/text.h"
+#include "toolkit/theme.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -19,6 +21,7 @@ namespace
 constexpr int boundBeforeFirstMove = 32767;
 constexpr int largestPoints = 10000;
 constexpr int pointsPage = 100;
+constexpr int pictureSize = 64;
 
 ScrollBar* pointsBar(const QString& name, const QString& accessibleName, int minimum, int value,
                      QWidget* parent)
@@ -42,8 +45,8 @@ QLineEdit* field(const QString& name, const QString& text, const QString& access
 QGridLayout* gridOf(QWidget* frame)
 {
     auto* grid = new QGridLayout(frame);
-    grid->setContentsMargins(8, 6, 8, 8);
-    grid->setVerticalSpacing(4);
+    grid->setContentsMargins(controlGap, controlGap, controlGap, controlGap);
+    grid->setVerticalSpacing(controlGap / 2);
     return grid;
 }
 
@@ -53,7 +56,8 @@ combateditor::combateditor(Workspace& workspace)
     : View(workspace, u"combateditor"_s, u"Fight Editor"_s)
 {
     auto* grid = new QGridLayout(surface());
-    grid->setContentsMargins(12, 12, 12, 12);
+    grid->setContentsMargins(viewMargin, viewMargin, viewMargin, viewMargin);
+    grid->setSpacing(controlGap);
     grid->addWidget(selectorStrip(), 0, 0, 1, 3);
     grid->addWidget(heroFrame(u"   Hero 1"_s, u"Check1"_s), 1, 0);
     grid->addWidget(heroFrame(u"    Hero 2"_s, u"Check2"_s), 1, 1);
@@ -74,7 +78,10 @@ QWidget* combateditor::selectorStrip()
     HScroll1->setFixedWidth(selectorWidth);
     HScroll1->setAccessibleName(u"Fight"_s);
     Text1 = field(u"Text1"_s, {}, u"Name of the fight"_s, strip);
+    HScroll1->setToolTip(u"Shows the name of the next or the last fight"_s);
+    Text1->setToolTip(u"The name is shown only; what is typed here is not kept"_s);
     auto* Command1 = named<QPushButton>("Command1"_L1, u"New"_s, strip);
+    Command1->setToolTip(u"Not made so far: does nothing"_s);
 
     auto* grid = new QGridLayout(strip);
     grid->setContentsMargins(0, 0, 0, 4);
@@ -97,8 +104,10 @@ QWidget* combateditor::heroFrame(const QString& caption, const QString& activeCa
     auto* HScroll2 = pointsBar(u"HScroll2"_s, u"Life points"_s, 1, 100, frame);
     auto* hactive = named<QCheckBox>("hactive"_L1, activeCaption, frame);
     auto* Command2 = named<QPushButton>("Command2"_L1, u"Load"_s, frame);
+    hactive->setToolTip(u"Not kept so far"_s);
+    Command2->setToolTip(u"Not made so far: does nothing"_s);
     auto* Picture1 = named<QLabel>("Picture1"_L1, frame);
-    Picture1->setPixmap(programPicture(u"fighter"_s));
+    Picture1->setPixmap(programPicture(u"fighter"_s, pictureSize));
     Picture1->setAccessibleName(u"Picture of the hero"_s);
 
     QGridLayout* grid = gridOf(frame);

@@ -1,10 +1,14 @@
 #include "maps/gridpicture.h"
 
+#include "maps/gridaccess.h"
 #include "maps/tilepictures.h"
 #include "maps/tileset.h"
 #include "store/numbers.h"
 #include "toolkit/metrics.h"
 
+#include <algorithm>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -37,6 +41,44 @@ bool sameText(const std::optional<std::string>& a, const std::optional<std::stri
     return true;
 }
 
+/// Knows whether the author is at the keyboard or at the mouse.
+class InputWatch : public QObject
+{
+public:
+    explicit InputWatch(QObject* application)
+        : QObject(application)
+    {
+        application->installEventFilter(this);
+    }
+
+    bool keysCameLast() const { return keysCameLast_; }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
+            keysCameLast_ = event->type() == QEvent::KeyPress;
+        }
+        return false;
+    }
+
+private:
+    bool keysCameLast_ = false;
+};
+
+const InputWatch& inputWatch()
+{
+    static const auto* watch = new InputWatch(qApp); // the application's, whatever the number of pictures
+    return *watch;
+}
+
+/// The cell under the pointer; row 0 when there is none.
+Cell cellUnder(const QMouseEvent& event)
+{
+    return cellAt(static_cast<int>(event.position().x() * twipsPerPixel),
+                  static_cast<int>(event.position().y() * twipsPerPixel));
+}
+
 /// Whether two maps look the same: rows 1 to 8 are all that is drawn.
 bool lookSame(const MapModel& a, const MapModel& b)
 {
@@ -57,6 +99,10 @@ GridPicture::GridPicture(QWidget* parent)
     canvas_.fill(palette().color(QPalette::Window));
     setFixedSize(pictureSize);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    QAccessible::installFactory(gridInterface); // once, however often it is asked for
+    inputWatch();
 }
 
 void GridPicture::draw(const MapModel& map, const std::string& tileset, MarkPlace marks)
@@ -122,6 +168,10 @@ void GridPicture::paintEvent(QPaintEvent*)
 
 void GridPicture::mousePressEvent(QMouseEvent* event)
 {
+    walked_ = false;
+    if (const Cell cell = cellUnder(*event); cell.row > 0) {
+        walkTo(cell);
+    }
     Q_EMIT mouseDown(static_cast<int>(event->position().x() * twipsPerPixel),
                      static_cast<int>(event->position().y() * twipsPerPixel));
 }
@@ -129,4 +179,109 @@ void GridPicture::mousePressEvent(QMouseEvent* event)
 void GridPicture::mouseDoubleClickEvent(QMouseEvent* event)
 {
     mousePressEvent(event); // the second press of a quick pair is a press like any other
+}
+
+void GridPicture::mouseMoveEvent(QMouseEvent* event)
+{
+    point(cellUnder(*event));
+}
+
+void GridPicture::leaveEvent(QEvent*)
+{
+    point({});
+}
+
+void GridPicture::point(Cell cell)
+{
+    if (cell != pointed_) {
+        pointed_ = cell;
+        Q_EMIT pointed(cell);
+    }
+}
+
+void GridPicture::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+        point({}); // no move is told from now on
+    }
+    QWidget::changeEvent(event);
+}
+
+void GridPicture::press(Cell cell)
+{
+    Q_EMIT mouseDown((cell.column - 1) * MapModel::cellWidth + MapModel::cellWidth / 2,
+                     (cell.row - 1) * MapModel::cellHeight + MapModel::cellHeight / 2);
+}
+
+void GridPicture::walkTo(Cell cell)
+{
+    current_ = {std::clamp(cell.row, 1, MapModel::rows), std::clamp(cell.column, 1, MapModel::columns)};
+    announce(QAccessible::Focus);
+    Q_EMIT walked();
+}
+
+/// False for a key that leads nowhere.
+bool GridPicture::walkByKey(int key)
+{
+    Cell next = current_;
+    switch (key) {
+    case Qt::Key_Left:
+        --next.column;
+        break;
+    case Qt::Key_Right:
+        ++next.column;
+        break;
+    case Qt::Key_Up:
+        --next.row;
+        break;
+    case Qt::Key_Down:
+        ++next.row;
+        break;
+    case Qt::Key_Home:
+        next.column = 1;
+        break;
+    case Qt::Key_End:
+        next.column = MapModel::columns;
+        break;
+    default:
+        return false;
+    }
+    walkTo(next);
+    return true;
+}
+
+void GridPicture::keyPressEvent(QKeyEvent* event)
+{
+    const int key = event->key();
+    const bool pressKey = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+        return QWidget::keyPressEvent(event);
+    }
+    walked_ = true;
+    if (pressKey && !event->isAutoRepeat()) { // a key held down is one press
+        press(current_);
+    } else if (!pressKey && !walkByKey(key)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void GridPicture::focusInEvent(QFocusEvent*)
+{
+    walked_ = inputWatch().keysCameLast();
+    announce(QAccessible::Focus);
+    Q_EMIT walked();
+}
+
+void GridPicture::focusOutEvent(QFocusEvent*)
+{
+    Q_EMIT walked();
+}
+
+void GridPicture::announce(QAccessible::Event what)
+{
+    if (QAccessible::isActive() && hasFocus()) {
+        QAccessibleEvent event(this, what);
+        event.setChild(slotOf(current_.row, current_.column));
+        QAccessible::updateAccessibility(&event);
+    }
 }

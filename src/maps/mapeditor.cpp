@@ -5,6 +5,7 @@
 #include "toolkit/boxes.h"
 #include "toolkit/text.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -24,6 +25,8 @@ mapeditor::mapeditor(Workspace& workspace)
     fitSurface(false);
     connectButtons();
     connectChoosers();
+    connectMarks();
+    connectUndo();
     Timer1->start();
 }
 
@@ -83,13 +86,16 @@ void mapeditor::loadmap()
     Label5->setText(shown(HeroStartRow(mapText)));
     currentMap_ = number;
     mapFound_ = !mapText.empty();
+    events_.reset();
     if (!mapFound_) {
+        showChange();
         messageBox(this, u"Erreur : carte invalide"_s, BoxIcon::Stop);
         return;
     }
     map_.read(mapText, blockText);
     refreshChooser(tileset);
     CarteImg->draw(map_, tileset, GridPicture::MarkPlace::Corner);
+    showChange();
 }
 
 void mapeditor::savemap()
@@ -120,8 +126,13 @@ void mapeditor::drawmap()
 
 void mapeditor::showPanel(bool shown)
 {
+    if (!shown && Frame6->isAncestorOf(QApplication::focusWidget())) {
+        CarteImg->setFocus(); // back to where the keyboard opened the cell
+    }
     fitSurface(shown);
     fitWindow();
+    events_.reset();
+    showChange();
 }
 
 void mapeditor::enablePicture(bool enabled)

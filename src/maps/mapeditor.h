@@ -2,15 +2,19 @@
 #pragma once
 
 #include "events/eventpanel.h"
+#include "maps/eventmarks.h"
 #include "maps/gridpicture.h"
 #include "maps/mapmodel.h"
+#include "maps/undo.h"
 #include "toolkit/view.h"
 
 #include <array>
 #include <string>
 
+class GridOverlay;
 class PressLabel;
 class QTimer;
+class TilePalette;
 
 class mapeditor : public View, private EventPanelHost
 {
@@ -41,6 +45,7 @@ private:
 
     // The look of the view (mapeditor_layout.cpp).
     void buildGrid();
+    void buildPalette();
     void buildConfiguration();
     void buildModes();
     void buildStart();
@@ -54,6 +59,7 @@ private:
 
     // Clicks and the configuration frame (mapeditor_painting.cpp).
     void CarteImg_MouseDown(int x, int y);
+    void placeStart(Cell cell);
     bool apply(Cell cell);
     Mode mode() const;
     void Choixtext_Change();
@@ -64,6 +70,36 @@ private:
     void HScroll6_Change();
     void refreshChooser(const std::string& tileset);
     void showTile();
+
+    // Marks and words about the grid (mapeditor_marks.cpp).
+    void connectMarks();
+    void CarteImg_Pointed(Cell cell);
+    void CarteImg_Walked();
+    void palette_Picked(int tile);
+    /// The cells with an event; read when they are asked for, until something may have changed them.
+    const CellSet& events();
+    /// Row 0 when the labels name no cell.
+    Cell startCell() const;
+    QString words(Cell cell);
+    void showMarks();
+    /// Shows what became of the map: marks, words, and for screen readers.
+    void showChange();
+    /// Shows a message at the foot until something else is to be told there.
+    void say(const QString& text);
+
+    // Undo (mapeditor_undo.cpp).
+    void connectUndo();
+    HeroStart heroStart() const;
+    std::string historyKey() const;
+    StepRecorder recordClick() const;
+    StepRecorder recordReset() const;
+    /// Ends what changed the map: shows it and remembers it as a step of this name.
+    void keepStep(const StepRecorder& recorder, std::string name);
+    void undo();
+    void redo();
+    void takeStep(UndoResult (UndoHistory::*take)(std::string_view, MapModel&, HeroStart&),
+                  const QString& word);
+    void sayOutcome(const UndoResult& result, const QString& word);
 
     // Maps and tilesets (mapeditor_maps.cpp).
     void Command4_Click();
@@ -93,7 +129,16 @@ private:
     std::string project_;        ///< the project that the map held was loaded from
     std::string chooserTileset_; ///< the tileset that the tile chooser shows
 
+    UndoHistory history_;           ///< of every map that the view held
+    Cell pointed_;                  ///< the cell under the pointer
+    Cell told_;                     ///< the cell whose words stand at the foot
+    Cell openCell_;                 ///< the cell that the event panel was opened for last
+    std::optional<CellSet> events_; ///< see events()
+
     GridPicture* CarteImg = nullptr;
+    GridOverlay* overlay_ = nullptr;
+    QLabel* footLine_ = nullptr;
+    TilePalette* palette_ = nullptr;
     ScrollBar* HScroll4 = nullptr;
     ScrollBar* VScroll1 = nullptr;
     QTimer* Timer1 = nullptr;

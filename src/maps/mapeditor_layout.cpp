@@ -1,11 +1,15 @@
 // The look of the map editor. Places in twips are the system's; pixels place what lies within a frame.
 #include "maps/mapeditor.h"
 
+#include "maps/gridoverlay.h"
+#include "maps/tilepalette.h"
 #include "toolkit/entry.h"
 #include "toolkit/metrics.h"
 #include "toolkit/scrollbar.h"
 #include "toolkit/text.h"
+#include "toolkit/theme.h"
 
+#include <algorithm>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,10 +27,19 @@ constexpr int redrawInterval = 100; // ms
 constexpr QSize surfaceClosed(1028, 338);
 constexpr int surfaceOpenHeight = 652;
 constexpr QSize tileSize(28, 29);
+constexpr QRect footLinePlace(4, 266, 696, 20); // below the bar under the picture
+constexpr QRect palettePlace(506, 8, 192, 252); // between the picture and "Configuration"
+
+/// A place among the texts, which grow with the author's letters; the picture does not.
+QRect grown(const QRect& place)
+{
+    const qreal scale = letterScale();
+    return QRectF(QPointF(place.topLeft()) * scale, QSizeF(place.size()) * scale).toRect();
+}
 
 template <class Control> Control* at(Control* control, int x, int y, int width, int height)
 {
-    control->setGeometry(x, y, width, height);
+    control->setGeometry(grown({x, y, width, height}));
     return control;
 }
 
@@ -52,6 +65,8 @@ void mapeditor::buildGrid()
     CarteImg = named<GridPicture>("CarteImg"_L1, surface());
     CarteImg->move(0, 0);
     CarteImg->setAccessibleName(u"Map"_s);
+    overlay_ = named<GridOverlay>("GridMarks"_L1, surface());
+    overlay_->setGeometry(CarteImg->geometry());
     HScroll4 = bar("HScroll4"_L1, u"Map, left and right"_s, 1, 1, surface());
     HScroll4->setGeometry(pxRect(0, 3720, 7215, 240));
     VScroll1 = named<ScrollBar>("VScroll1"_L1, Qt::Vertical, 1, 1, surface());
@@ -61,12 +76,24 @@ void mapeditor::buildGrid()
     Timer1->setInterval(redrawInterval);
     connect(Timer1, &QTimer::timeout, this, &mapeditor::drawmap);
     connect(CarteImg, &GridPicture::mouseDown, this, &mapeditor::CarteImg_MouseDown);
+    footLine_ = textLabel("FootLine"_L1, {}, surface());
+    footLine_->setGeometry(footLinePlace);
+    buildPalette();
+}
+
+void mapeditor::buildPalette()
+{
+    palette_ = named<TilePalette>("Palette"_L1, surface());
+    palette_->setGeometry(palettePlace);
+    palette_->setAccessibleName(u"Tiles"_s);
+    palette_->setToolTip(u"Click a tile to paint with it"_s);
 }
 
 void mapeditor::buildConfiguration()
 {
+    Command4 = at(named<QPushButton>("Command4"_L1, u"Main Menu"_s, surface()), px(10560), px(120), 153, 28);
     Frame2 = named<QGroupBox>("Frame2"_L1, u"Configuration"_s, surface());
-    Frame2->setGeometry(pxRect(10560, 840, 2295, 4095));
+    Frame2->setGeometry(grown(pxRect(10560, 840, 2295, 4095)));
     buildModes();
     buildStart();
     buildSizes();
@@ -79,7 +106,7 @@ void mapeditor::buildModes()
     const std::array captions = {u"Picture"_s, u"Blocks"_s, u"Event"_s};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         Option1[i] = named<QRadioButton>(u"Option1_%1"_s.arg(i), captions[i], Frame2);
-        at(Option1[i], 8, 22 + 20 * static_cast<int>(i), 66, 18);
+        at(Option1[i], 8, 21 + 20 * static_cast<int>(i), 66, 20);
     }
     Option1[0]->setChecked(true);
     auto* Frame5 = at(named<QGroupBox>("Frame5"_L1, u"Déssin"_s, Frame2), 76, 18, 70, 68);
@@ -114,7 +141,6 @@ void mapeditor::buildSizes()
 
 void mapeditor::buildMenus()
 {
-    Command4 = at(named<QPushButton>("Command4"_L1, u"Main Menu"_s, surface()), px(10560), px(120), 153, 28);
     Frame3 = at(named<QGroupBox>("Frame3"_L1, u"Main Menu"_s, surface()), px(12840), px(840), 168, 78);
     Command6 = at(named<QPushButton>("Command6"_L1, u"Load map"_s, Frame3), 8, 21, 152, 24);
     Command5 = at(named<QPushButton>("Command5"_L1, u"New Map"_s, Frame3), 8, 48, 152, 24);
@@ -148,10 +174,15 @@ void mapeditor::buildTilesets()
 
 void mapeditor::fitSurface(bool withPanel)
 {
-    Frame6->setGeometry(px(120), px(5880), surfaceClosed.width() - 2 * px(120),
-                        surfaceOpenHeight - px(5880) - 4);
+    constexpr int foot = 4;
+    const QSize closed = (QSizeF(surfaceClosed) * letterScale()).toSize();
+    QRect panel =
+        grown({px(120), px(5880), surfaceClosed.width() - 2 * px(120), surfaceOpenHeight - px(5880) - foot});
+    panel.setSize(panel.size().expandedTo(Frame6->minimumSizeHint()));
+    Frame6->setGeometry(panel);
     Frame6->setVisible(withPanel);
-    surface()->setMinimumSize(surfaceClosed.width(), withPanel ? surfaceOpenHeight : surfaceClosed.height());
+    surface()->setMinimumSize(std::max(closed.width(), panel.right() + panel.left()),
+                              withPanel ? panel.bottom() + 1 + foot : closed.height());
 }
 
 void mapeditor::connectButtons()

@@ -2,6 +2,7 @@
 #include "maps/mapeditor.h"
 
 #include "events/eventstore.h"
+#include "maps/tilepalette.h"
 #include "maps/tilepictures.h"
 #include "maps/tileset.h"
 #include "toolkit/boxes.h"
@@ -20,23 +21,31 @@ void mapeditor::CarteImg_MouseDown(int x, int y)
     if (!ownsProject()) {
         return; // what such a click changed could never be shown or saved
     }
-    if (const Cell cell = cellAt(x, y); cell.row > 0) {
-        if (tag(Command9) == "True"_L1) {
-            Label4->setText(QString::number(cell.column));
-            Label5->setText(QString::number(cell.row));
-            setTag(Command9, u"False"_s);
-            return;
-        }
-        if (tag(CarteImg) == heroMoveMark) {
-            Frame6->placeHero(cell.row, cell.column);
-            return;
-        }
-        if (!apply(cell)) {
-            return;
-        }
+    const Cell cell = cellAt(x, y);
+    if (cell.row > 0 && tag(Command9) == "True"_L1) {
+        return placeStart(cell);
+    }
+    if (cell.row > 0 && tag(CarteImg) == heroMoveMark) {
+        return Frame6->placeHero(cell.row, cell.column);
+    }
+    const StepRecorder before = recordClick();
+    if (cell.row > 0 && !apply(cell)) {
+        return;
     }
     drawmap();
     savemap();
+    keepStep(before, cell.row == 0
+                         ? "Saving"
+                         : "Row " + std::to_string(cell.row) + ", column " + std::to_string(cell.column));
+}
+
+void mapeditor::placeStart(Cell cell)
+{
+    const StepRecorder before(map_, heroStart(), {});
+    Label4->setText(QString::number(cell.column));
+    Label5->setText(QString::number(cell.row));
+    setTag(Command9, u"False"_s);
+    keepStep(before, "Start of the hero");
 }
 
 /// Does the painting mode's action on a cell; false when the click ends there.
@@ -51,6 +60,7 @@ bool mapeditor::apply(Cell cell)
         map_.tiles[static_cast<std::size_t>(slot)] = std::to_string(Choixtext->value() - 1);
         break;
     case Mode::Event:
+        openCell_ = cell;
         Frame6->openCell(cell.row, cell.column);
         break;
     case Mode::Blocks:
@@ -86,6 +96,7 @@ void mapeditor::refreshChooser(const std::string& tileset)
 void mapeditor::showTile()
 {
     Image5->setPixmap(QPixmap::fromImage(tilePicture(TilePicture(chooserTileset_, Choixtext->value()))));
+    palette_->setTiles(chooserTileset_, Choixtext->maximum(), Choixtext->value());
 }
 
 void mapeditor::Command9_Click()
@@ -99,8 +110,11 @@ void mapeditor::Command10_Click()
     if (!askYesNo(this, u" Are you sure you want to return the card to zero?"_s) || !ownsProject()) {
         return;
     }
+    const StepRecorder before = recordReset();
     map_.reset();
     ClearEvents(currentMap_);
+    events_.reset();
+    keepStep(before, "Reset of the map");
 }
 
 void mapeditor::HScroll5_Change()

@@ -38,6 +38,8 @@ struct MapModel {
 struct Cell {
     int row = 0;
     int column = 0;
+
+    bool operator==(const Cell&) const = default;
 };
 
 /// The cell at a place of the map's picture, in twips; row 0 when there is none.
@@ -47,6 +49,12 @@ Cell cellAt(int x, int y);
 constexpr int slotOf(int row, int column)
 {
     return (row - 1) * MapModel::columns + (column - 1);
+}
+
+/// The cell of a slot.
+constexpr Cell cellOf(int slot)
+{
+    return {slot / MapModel::columns + 1, slot % MapModel::columns + 1};
 }
 
 /// The hero's start as it stands in a map file: two characters each, fewer when the text ends.

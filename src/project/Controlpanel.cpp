@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QProcess>
+#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +45,9 @@ void Controlpanel::showValues()
     Label6->setText(shown(ReadIni("Jeu", "Auteur", Descriptor())));
     Label7->setText(shown(ReadIni("Jeu", "cartes", Descriptor())));
     Label8->setText(shown(ReadIni("Jeu", "combats", Descriptor())));
+    for (QLabel* value : {Label5, Label6}) {
+        value->setToolTip(Qt::convertFromPlainText(shortened(value->text()))); // the panel may be too narrow
+    }
 }
 
 void Controlpanel::listMaps()

@@ -8,7 +8,7 @@
 
 class LineList;
 class PressLabel;
-class QGridLayout;
+class QVBoxLayout;
 
 class Controlpanel : public View
 {
@@ -30,8 +30,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void buildValues(QGridLayout* grid);
-    void buildMenu(QGridLayout* grid);
+    void buildValues(QVBoxLayout* parts);
+    void buildMenu(QVBoxLayout* parts);
+    void buildMapList(QVBoxLayout* parts);
     void showValues();
     void listMaps();
     void Label9_Click(std::size_t index);

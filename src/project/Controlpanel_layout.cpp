@@ -1,95 +1,126 @@
 // The look of the control panel.
 #include "project/Controlpanel.h"
 
+#include "toolkit/cutlabel.h"
 #include "toolkit/entry.h"
 #include "toolkit/linelist.h"
+#include "toolkit/pictures.h"
+#include "toolkit/theme.h"
 
+#include <algorithm>
 #include <QGridLayout>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
 
+namespace
+{
+
+constexpr QSize bannerSize(232, 64);
+constexpr int iconSize = 24;
+constexpr int panelMargin = 12;
+
+struct MenuEntry {
+    QString caption;
+    QString icon;
+    QString toolTip;
+};
+
+QLabel* headingLabel(const QString& text, QWidget* parent)
+{
+    auto* heading = textLabel({}, text, parent);
+    heading->setFont(headingFont());
+    return heading;
+}
+
+} // namespace
+
 Controlpanel::Controlpanel(Workspace& workspace)
     : View(workspace, u"Controlpanel"_s, u"Control Panel"_s)
 {
-    constexpr int panelWidth = 232; // the banner's
-    auto* grid = new QGridLayout(surface());
-    grid->setContentsMargins(0, 0, 0, 8);
-    grid->setVerticalSpacing(4);
-    grid->setColumnStretch(2, 1);
-    surface()->setFixedWidth(panelWidth);
-
-    auto* banner = named<QLabel>("Picture1"_L1, surface());
-    banner->setPixmap(programPicture(u"banner"_s));
-    banner->setAlignment(Qt::AlignCenter);
-    banner->setAccessibleName(u"Questforge"_s);
-    grid->addWidget(banner, 0, 0, 1, 3);
-    buildValues(grid);
-    buildMenu(grid);
-
-    List1 = named<LineList>("List1"_L1, surface());
-    List1->setMinimumHeight(150);
-    List1->setAccessibleName(u"Maps"_s);
-    List1->setToolTip(u"Double-click a map to edit it"_s);
-    auto* listRow = new QVBoxLayout;
-    listRow->setContentsMargins(8, 4, 8, 0);
-    listRow->addWidget(List1);
-    grid->addLayout(listRow, grid->rowCount(), 0, 1, 3);
-    connect(List1, &LineList::opened, this, &Controlpanel::List1_DblClick);
+    auto* banner = named<Scene>("Picture1"_L1, u"banner"_s, bannerSize, surface());
+    banner->setAccessibleName(u"A castle by the road"_s);
+    auto* column = new QVBoxLayout(surface());
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(banner);
+    auto* parts = new QVBoxLayout;
+    parts->setContentsMargins(panelMargin, panelMargin, panelMargin, panelMargin);
+    parts->setSpacing(viewMargin);
+    column->addLayout(parts, 1);
+    buildValues(parts);
+    buildMenu(parts);
+    buildMapList(parts);
+    surface()->setFixedWidth(std::max(bannerSize.width(), column->minimumSize().width()));
 }
 
-void Controlpanel::buildValues(QGridLayout* grid)
+void Controlpanel::buildValues(QVBoxLayout* parts)
 {
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(controlGap);
+    grid->setVerticalSpacing(controlGap / 2);
+    grid->setColumnStretch(1, 1);
     const auto value = [this, grid](const QString& caption, const QString& name, const QString& preset) {
         const int row = grid->rowCount();
-        auto* heading = textLabel({}, caption, surface());
-        heading->setContentsMargins(8, 0, 0, 0);
-        grid->addWidget(heading, row, 0, 1, 2);
-        auto* label = textLabel(name, preset, surface());
-        label->setMinimumWidth(1); // a long value is cut, not the panel widened
-        label->setContentsMargins(0, 0, 8, 0);
-        grid->addWidget(label, row, 2);
+        grid->addWidget(textLabel({}, caption, surface()), row, 0);
+        auto* label = named<CutLabel>(name, preset, surface());
+        label->setFont(headingFont());
+        label->setAccessibleDescription(caption);
+        grid->addWidget(label, row, 1);
         return label;
     };
     Label5 = value(u"Game Name:"_s, u"Label5"_s, u"Untitled"_s);
     Label6 = value(u"Creator:"_s, u"Label6"_s, u"Anonymous"_s);
     Label7 = value(u"Number of maps:"_s, u"Label7"_s, u"Many"_s);
     Label8 = value(u"Number of fights:"_s, u"Label8"_s, u"less"_s);
+    parts->addLayout(grid);
 }
 
-void Controlpanel::buildMenu(QGridLayout* grid)
+void Controlpanel::buildMenu(QVBoxLayout* parts)
 {
-    const std::array captions = {u"Fight Editor"_s, u"Editor of variables"_s, u"Game Setup"_s, u"Test Game"_s,
-                                 u"Finalize and publish"_s};
-    const std::array icons = {u"fight"_s, u"variables"_s, u"setup"_s, u"test"_s, u"publish"_s};
+    const std::array entries = {
+        MenuEntry{u"Fight Editor"_s, u"fight"_s, u"Shows the names of the fights"_s},
+        MenuEntry{u"Editor of variables"_s, u"variables"_s,
+                  u"Adds variables and changes their start values"_s},
+        MenuEntry{u"Game Setup"_s, u"setup"_s, u"Opens the game's options; there are none so far"_s},
+        MenuEntry{u"Test Game"_s, u"test"_s, u"Writes the scripts and starts the game in the player"_s},
+        MenuEntry{u"Finalize and publish"_s, u"publish"_s, u"Not made so far: shows a message only"_s}};
 
     // On a widget of their own: a value that changes while an entry is pressed must not lay the entry out
     // anew.
     auto* menu = named<QWidget>("Entries"_L1, surface());
-    grid->addWidget(menu, grid->rowCount(), 0, 1, 3);
-    auto* entries = new QGridLayout(menu);
-    entries->setContentsMargins(0, 0, 0, 0);
-    entries->setVerticalSpacing(grid->verticalSpacing());
-    entries->setColumnMinimumWidth(0, 32);
-    entries->setColumnStretch(1, 1);
-
-    auto* heading = textLabel({}, u"Menu"_s, menu);
-    heading->setContentsMargins(8, 6, 0, 0);
-    QFont bold = heading->font();
-    bold.setBold(true);
-    heading->setFont(bold);
-    entries->addWidget(heading, 0, 0, 1, 2);
-    for (std::size_t i = 0; i < captions.size(); ++i) {
+    parts->addWidget(menu);
+    auto* grid = new QGridLayout(menu);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(controlGap);
+    grid->setVerticalSpacing(controlGap / 2);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(headingLabel(u"Menu"_s, menu), 0, 0, 1, 2);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
         Image1[i] = named<PressLabel>(u"Image1_%1"_s.arg(i), menu);
-        Image1[i]->setPixmap(programPicture(icons[i]));
-        Image1[i]->setAccessibleName(captions[i]);
+        Image1[i]->setPixmap(programPicture(entries[i].icon, iconSize));
         Label9[i] = named<PressLabel>(u"Label9_%1"_s.arg(i), menu);
-        Label9[i]->setText(captions[i]);
+        Label9[i]->setText(entries[i].caption);
         Label9[i]->setFocusPolicy(Qt::TabFocus);
+        for (PressLabel* part : {Image1[i], Label9[i]}) {
+            part->setAccessibleName(entries[i].caption);
+            part->setToolTip(entries[i].toolTip);
+        }
         joinPressFeedback(Image1[i], Label9[i]);
         connect(Label9[i], &PressLabel::clicked, this, [this, i] { Label9_Click(i); });
         const int row = static_cast<int>(i) + 1;
-        entries->addWidget(Image1[i], row, 0, Qt::AlignRight);
-        entries->addWidget(Label9[i], row, 1, Qt::AlignLeft);
+        grid->addWidget(Image1[i], row, 0);
+        grid->addWidget(Label9[i], row, 1, Qt::AlignLeft);
     }
+}
+
+void Controlpanel::buildMapList(QVBoxLayout* parts)
+{
+    constexpr int leastHeight = 130;
+    List1 = named<LineList>("List1"_L1, surface());
+    List1->setMinimumHeight(leastHeight);
+    List1->setAccessibleName(u"Maps"_s);
+    List1->setToolTip(u"Double-click a map to edit it"_s);
+    parts->addWidget(List1, 1);
+    connect(List1, &LineList::opened, this, &Controlpanel::List1_DblClick);
 }

@@ -4,6 +4,7 @@
 #include "toolkit/boxes.h"
 #include "toolkit/directorylist.h"
 #include "toolkit/paths.h"
+#include "toolkit/theme.h"
 
 #include <QLabel>
 #include <QMdiSubWindow>
@@ -25,12 +26,14 @@ openp::openp(Workspace& workspace)
         Dir1->setPath(qtPath(AppDir()));
     }
     auto* Command1 = named<QPushButton>("Command1"_L1, u"Open"_s, surface());
+    Command1->setToolTip(u"Opens the project that lies in the open folder of the list"_s);
     connect(Command1, &QPushButton::clicked, this, &openp::Command1_Click);
 
     auto* column = new QVBoxLayout(surface());
-    column->setContentsMargins(16, 16, 16, 16);
+    column->setContentsMargins(viewMargin, viewMargin, viewMargin, viewMargin);
+    column->setSpacing(controlGap);
     column->addWidget(prompt);
-    column->addWidget(Dir1);
+    column->addWidget(Dir1, 1);
     column->addWidget(Command1, 0, Qt::AlignRight);
     setFocusProxy(Dir1);
 }

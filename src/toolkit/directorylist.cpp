@@ -1,5 +1,7 @@
 #include "toolkit/directorylist.h"
 
+#include "toolkit/keys.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -85,9 +87,8 @@ void DirectoryList::mouseDoubleClickEvent(QMouseEvent* event)
 
 void DirectoryList::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        openSelected();
-        return;
+    if (isEnter(event)) {
+        return openSelected();
     }
     QListWidget::keyPressEvent(event);
 }

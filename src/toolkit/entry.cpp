@@ -1,20 +1,61 @@
 #include "toolkit/entry.h"
 
+#include "toolkit/keys.h"
 #include "toolkit/metrics.h"
 
 #include <algorithm>
 #include <bit>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QStyleOptionFocusRect>
 
 namespace
 {
 
-bool isPressKey(const QKeyEvent* event)
+/// An entry as a screen reader meets it: a button that can be pressed. The part that takes no focus is a
+/// picture beside it.
+class Entry : public QAccessibleWidget
 {
-    return event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+public:
+    explicit Entry(PressLabel* label)
+        : QAccessibleWidget(label, QAccessible::Button)
+        , label_(label)
+    {
+    }
+
+    QAccessible::Role role() const override
+    {
+        return label_->focusPolicy() == Qt::NoFocus ? QAccessible::Graphic : QAccessible::Button;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString named = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && named.isEmpty() ? label_->text() : named;
+    }
+
+    QStringList actionNames() const override
+    {
+        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString& action) override
+    {
+        if (action == pressAction()) {
+            QMetaObject::invokeMethod(label_, &PressLabel::clicked, Qt::QueuedConnection); // it may ask
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+
+private:
+    PressLabel* label_;
+};
+
+QAccessibleInterface* makeEntry(const QString&, QObject* object)
+{
+    auto* label = qobject_cast<PressLabel*>(object);
+    return label == nullptr ? nullptr : new Entry(label);
 }
 
 } // namespace
@@ -25,6 +66,7 @@ PressLabel::PressLabel(QWidget* parent)
     setTextFormat(Qt::PlainText);
     setCursor(Qt::PointingHandCursor);
     setMouseTracking(true);
+    QAccessible::installFactory(makeEntry); // once; the toolkit knows it the next time
 }
 
 /// Makes up for releases that never came: the press may have made another view active, whose message box took
@@ -73,7 +115,7 @@ void PressLabel::mouseReleaseEvent(QMouseEvent* event)
 
 void PressLabel::keyPressEvent(QKeyEvent* event)
 {
-    if (!isPressKey(event)) {
+    if (!isSpace(event) && !isEnter(event)) {
         return QLabel::keyPressEvent(event);
     }
     if (!event->isAutoRepeat() && !keyDown_) {
@@ -84,7 +126,7 @@ void PressLabel::keyPressEvent(QKeyEvent* event)
 
 void PressLabel::keyReleaseEvent(QKeyEvent* event)
 {
-    if (!isPressKey(event)) {
+    if (!isSpace(event) && !isEnter(event)) {
         return QLabel::keyReleaseEvent(event);
     }
     if (!event->isAutoRepeat() && keyDown_) {
@@ -114,10 +156,7 @@ void PressLabel::paintEvent(QPaintEvent* event)
 {
     QLabel::paintEvent(event);
     if (hasFocus()) {
-        QPainter painter(this);
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+        paintFocusMark(this);
     }
 }
 

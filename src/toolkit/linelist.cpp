@@ -1,9 +1,11 @@
 #include "toolkit/linelist.h"
 
+#include "toolkit/keys.h"
 #include "toolkit/text.h"
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
+#include <QPointer>
 
 /// The lines as the list asks for them.
 class LineList::Lines : public QAbstractListModel
@@ -75,6 +77,9 @@ void LineList::appendLine(std::string line)
 
 void LineList::setLines(std::vector<std::string> lines)
 {
+    if (lines == model_->all()) {
+        return clearSelection(); // the keys go on where they were
+    }
     model_->replace(std::move(lines));
 }
 
@@ -136,19 +141,28 @@ void LineList::mouseDoubleClickEvent(QMouseEvent* event)
 
 void LineList::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (selectedRow() >= 0) {
-            Q_EMIT opened();
+    const int row = selectedRow();
+    const bool isStep = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (isEnter(event) || (isSpace(event) && row >= 0)) {
+        if (row >= 0 && !event->isAutoRepeat()) {
+            choose(row, isEnter(event));
         }
-        return;
-    }
-    const int before = selectedRow();
-    if (before < 0 && (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)) {
+    } else if (row < 0 && isStep && currentIndex().row() <= 0) {
         setCurrentIndex(model_->index(0)); // the first step into a list leads to its first line
     } else {
         QListView::keyPressEvent(event);
     }
-    if (selectedRow() != before && selectedRow() >= 0) {
-        Q_EMIT chosen(selectedRow());
+}
+
+/// Reports a line, and leaves the keys there even if that gave the list its lines anew.
+void LineList::choose(int row, bool open)
+{
+    const QPointer<LineList> self(this); // what a line leads to may close the view
+    Q_EMIT chosen(row);
+    if (self && open) {
+        Q_EMIT opened();
+    }
+    if (self && selectedRow() < 0 && row < count()) {
+        setCurrentIndex(model_->index(row));
     }
 }

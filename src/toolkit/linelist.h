@@ -15,6 +15,7 @@ public:
 
     void clear();
     void appendLine(std::string line);
+    /// Selects none of them.
     void setLines(std::vector<std::string> lines);
     /// Removes a line; row counts from 0.
     void removeLine(int row);
@@ -26,7 +27,8 @@ public:
     int selectedRow() const;
 
 Q_SIGNALS:
-    /// A line was clicked, or the selection came to lie on another one by mouse or key; row counts from 0.
+    /// A line was clicked, or Space or Enter pressed on the selected one; row counts from 0. The arrow keys
+    /// move the selection alone: a choice may ask, and its answer change the line.
     void chosen(int row);
     /// A double click anywhere in the list, or Enter on a selected line.
     void opened();
@@ -38,6 +40,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void choose(int row, bool open);
+
     class Lines;
 
     Lines* model_;

@@ -1,5 +1,7 @@
 #include "toolkit/scrollbar.h"
 
+#include "toolkit/keys.h"
+
 #include <algorithm>
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -20,6 +22,14 @@ void ScrollBar::setBound(int maximum)
 {
     const QSignalBlocker quiet(this);
     setMaximum(std::max(minimum(), maximum));
+}
+
+void ScrollBar::paintEvent(QPaintEvent* event)
+{
+    QScrollBar::paintEvent(event);
+    if (hasFocus()) {
+        paintFocusMark(this);
+    }
 }
 
 void ScrollBar::keyPressEvent(QKeyEvent* event)

@@ -17,5 +17,6 @@ public:
     void setBound(int maximum);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };

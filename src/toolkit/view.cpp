@@ -1,10 +1,13 @@
 #include "toolkit/view.h"
 
+#include "toolkit/keys.h"
+
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMdiSubWindow>
-#include <QPixmap>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -13,6 +16,7 @@ View::View(Workspace& workspace, const QString& name, const QString& caption)
 {
     setObjectName(name);
     setWindowTitle(caption);
+    setAccessibleName(caption);
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
@@ -23,6 +27,41 @@ View::View(Workspace& workspace, const QString& name, const QString& caption)
 QSize View::sizeHint() const
 {
     return surface()->sizeHint().expandedTo(surface()->minimumSize()).boundedTo(surface()->maximumSize());
+}
+
+bool View::canTakeFocus(const QWidget* control) const
+{
+    return surface()->isAncestorOf(control) && control->isEnabled() && control->isVisibleTo(surface());
+}
+
+void View::takeFocus()
+{
+    QWidget* control = surface()->focusWidget(); // the one that had it last
+    if (control == nullptr || !canTakeFocus(control)) {
+        control = focusProxy() != nullptr ? focusProxy() : firstInTabOrder();
+    }
+    const bool atKeyboard = window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    control->setFocus(atKeyboard ? Qt::TabFocusReason : Qt::OtherFocusReason);
+}
+
+QWidget* View::firstInTabOrder()
+{
+    for (QWidget* next = surface()->nextInFocusChain(); next != surface(); next = next->nextInFocusChain()) {
+        if ((next->focusPolicy() & Qt::TabFocus) != 0 && canTakeFocus(next)) {
+            return next;
+        }
+    }
+    return this;
+}
+
+void View::keyPressEvent(QKeyEvent* event)
+{
+    auto* button = qobject_cast<QPushButton*>(surface()->focusWidget());
+    if (!isEnter(event) || button == nullptr || !button->hasFocus()) {
+        QScrollArea::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+        button->click();
+    }
 }
 
 void View::closeEvent(QCloseEvent* event)
@@ -58,12 +97,4 @@ QLabel* textLabel(const QString& name, const QString& text, QWidget* parent)
     auto* label = named<QLabel>(name, text, parent);
     label->setTextFormat(Qt::PlainText);
     return label;
-}
-
-QPixmap programPicture(const QString& name)
-{
-    const bool dense = qApp->devicePixelRatio() > 1;
-    QPixmap picture(u":/pictures/"_s + name + (dense ? u"@2x.png"_s : u".png"_s));
-    picture.setDevicePixelRatio(dense ? 2 : 1);
-    return picture;
 }

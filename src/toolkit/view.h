@@ -24,7 +24,12 @@ public:
     /// Another view became the active one.
     virtual void deactivated() {}
 
+    /// Gives the keys to the control that had them last in this view, or else to its first one.
+    void takeFocus();
+
 protected:
+    /// Enter presses the button that has the focus, as Space does.
+    void keyPressEvent(QKeyEvent* event) override;
     /// No view closes while a box waits for its answer: the box may be this view's own. The keys that close a
     /// view reach it even then, when they are struck faster than the box gets the keys.
     void closeEvent(QCloseEvent* event) override;
@@ -38,6 +43,9 @@ protected:
     void fitWindow();
 
 private:
+    bool canTakeFocus(const QWidget* control) const;
+    QWidget* firstInTabOrder();
+
     Workspace& workspace_;
 };
 
@@ -55,6 +63,3 @@ QString tag(const QWidget* control);
 
 /// A label for text that may hold anything: never taken for markup.
 QLabel* textLabel(const QString& name, const QString& text, QWidget* parent);
-
-/// A picture that ships with the program, by its file's name without ending; drawn crisp on dense screens.
-QPixmap programPicture(const QString& name);

@@ -4,6 +4,7 @@
 #include "toolkit/boxes.h"
 #include "toolkit/linelist.h"
 #include "toolkit/text.h"
+#include "toolkit/theme.h"
 #include "variables/variables.h"
 
 #include <QGridLayout>
@@ -28,16 +29,21 @@ var::var(Workspace& workspace)
     constexpr QSize listSize(380, 240);
     auto* Label1 = textLabel("Label1"_L1, u"Number of variables :"_s, surface());
     Label2 = textLabel("Label2"_L1, u"0"_s, surface());
+    Label2->setFont(headingFont());
+    Label2->setAccessibleDescription(Label1->text());
     auto* Command1 = named<QPushButton>("Command1"_L1, u"Add a variable"_s, surface());
+    Command1->setToolTip(u"Asks for the start value; Cancel adds the variable with an empty one"_s);
     auto* Label3 = textLabel("Label3"_L1, u"Variables :"_s, surface());
     List1 = named<LineList>("List1"_L1, surface());
     List1->setMinimumSize(listSize);
     List1->setAccessibleName(u"Variables"_s);
-    List1->setToolTip(u"Click a variable to change its start value"_s);
+    List1->setToolTip(u"Click a variable to change its start value; Cancel then empties it"_s);
 
     auto* grid = new QGridLayout(surface());
-    grid->setContentsMargins(12, 12, 12, 12);
+    grid->setContentsMargins(viewMargin, viewMargin, viewMargin, viewMargin);
+    grid->setSpacing(controlGap);
     grid->setColumnStretch(1, 1);
+    grid->setRowStretch(2, 1);
     grid->addWidget(Label1, 0, 0);
     grid->addWidget(Label2, 0, 1);
     grid->addWidget(Command1, 0, 2);

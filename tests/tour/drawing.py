@@ -10,6 +10,7 @@ from waiting import Missed, wait_for
 START_QUESTION = "Click the box to the starting position of the hero on this map"
 MAP_NAME = "Glade of Zoé"
 WHITE = (255, 255, 255)
+_INNER = (4, 4, CELL[0] - 8, CELL[1] - 8)  # of a cell; at its edge may be marks
 
 
 class Drawing:
@@ -24,20 +25,21 @@ class Drawing:
     def _seen(self, cell):
         row, column = cell
         left, top = self._program.look(GRID).place[:2]
-        return picture.from_screen((left + (column - 1) * CELL[0], top + (row - 1) * CELL[1], *CELL))
+        return picture.from_screen((left + (column - 1) * CELL[0], top + (row - 1) * CELL[1], *CELL)).part(*_INNER)
 
     def await_tile(self, cell, tileset, code):
         """Waits until the topmost grid shows a tile in a cell."""
         path = f"data/images/terrains/terrain{tileset}/terrain0{code + 1}.JPG"
-        tile = picture.from_file(self._tour.stage.app_dir / path)
+        tile = picture.from_file(self._tour.stage.app_dir / path).part(*_INNER)
         # Two decoders of the same picture are a shade apart.
         wait_for(f"the grid shows tile {code} of tileset {tileset} on row {cell[0]}, column {cell[1]}",
                  lambda: self._seen(cell).difference(tile) < 3)
 
     def _await_grid(self, model, tileset):
-        """Looks at some cells of a whole map; a block's mark would stand over the tile."""
+        """Looks at some cells of a whole map; marks of blocks and of the start stand over the tile."""
         for cell in model.free_cells()[::20]:
-            self.await_tile(cell, tileset, model.code(cell))
+            if cell != model.start:
+                self.await_tile(cell, tileset, model.code(cell))
 
     def _choose_tile(self, code):
         path = "mapeditor/Frame2/Frame5/Choixtext"

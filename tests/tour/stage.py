@@ -86,15 +86,15 @@ class Stage:
         # would forget it when setxkbmap leaves as its last client; -noreset forbids that.
         subprocess.run(["setxkbmap", "fr"], check=True, stderr=subprocess.DEVNULL)
 
-    def start_program(self):
-        """Starts the program as it is; the environment lets the toolkit take the probe in."""
+    def start_program(self, **more):
+        """Starts the program as it is; the environment lets the toolkit take the probe in, `more` adds to it."""
         home = self.folder / "home"
         home.mkdir(mode=0o700)
         keep = ("PATH", "DISPLAY", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS")
         environment = {name: os.environ[name] for name in keep if name in os.environ}
         environment |= {"HOME": str(home), "XDG_RUNTIME_DIR": str(home), "LANG": "C.UTF-8",
                         "QT_QPA_PLATFORM": "xcb", "QT_PLUGIN_PATH": str(self._plugins),
-                        "QT_QPA_GENERIC_PLUGINS": f"probe:{self.socket}"}
+                        "QT_QPA_GENERIC_PLUGINS": f"probe:{self.socket}"} | more
         with open(self.folder / "log", "w") as log:
             self.program = subprocess.Popen([self.app_dir / "questforge"], env=environment, cwd="/",
                                             stdout=log, stderr=log, preexec_fn=_die_with_the_tour)

@@ -56,16 +56,6 @@ TEST(LineList, ShowsALongLineShortAndGivesItBackWhole)
     EXPECT_EQ(list.lines(), given);
 }
 
-TEST(LineList, AKeyThatMovesTheSelectionChoosesALine)
-{
-    LineList list(nullptr);
-    list.setLines({"one", "two"});
-    std::vector<int> chosen;
-    QObject::connect(&list, &LineList::chosen, &list, [&chosen](int row) { chosen.push_back(row); });
-    keys(list, {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up});
-    EXPECT_EQ(chosen, (std::vector<int>{0, 1, 0}));
-}
-
 class Boxes : public Program
 {
 };

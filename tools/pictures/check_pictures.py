@@ -18,20 +18,12 @@ from palette import INK
 IMAGES = make.ROOT / "data" / "images"
 HERO = IMAGES / "personnages" / "perso01"
 THEME = IMAGES / "system" / "theme01"
-EDITOR = make.ROOT / "src" / "app" / "pictures"
 
 SIZES = [(THEME / "menuprinc.png", 480, 272), (THEME / "imgprinc.png", 480, 272),
-         (THEME / "menuingame.png", 240, 160), (THEME / "parler.png", 464, 88),
-         (EDITOR / "questforge.png", 64, 64), (EDITOR / "questforge256.png", 256, 256)]
+         (THEME / "menuingame.png", 240, 160), (THEME / "parler.png", 464, 88)]
 SIZES += [(HERO / f"{way}{step}.png", 28, 29)
           for way in ("dos", "face", "droite", "gauche") for step in "123"]
 SIZES += [(HERO / "mort.png", 28, 29)]
-for names, wide, high in ((("welcome",), 480, 320), (("banner",), 232, 64),
-                          (("fighter",), 64, 64), (("create", "open", "documentation"), 48, 48),
-                          (("fight", "variables", "setup", "test", "publish"), 24, 24)):
-    for name in names:
-        SIZES.append((EDITOR / f"{name}.png", wide, high))
-        SIZES.append((EDITOR / f"{name}@2x.png", wide * 2, high * 2))
 
 # Tiles whose pattern runs on over whole areas; flagstones end in a joint at the border.
 SEAMLESS = {"01": (0, 1, 2, 7), "02": (0, 1, 2, 3, 4), "03": (0, 1, 3), "04": (0, 1, 5, 7)}
@@ -79,9 +71,7 @@ class Pictures(unittest.TestCase):
         with TemporaryDirectory() as folder:
             with patch.object(sys, "argv", ["make.py", folder]):
                 make.main()
-            for part in ("data/images", "src/app/pictures"):
-                drawn, shipped = Path(folder) / part, make.ROOT / part
-                self.assertEqual(self.contents(drawn), self.contents(shipped))
+            self.assertEqual(self.contents(Path(folder, "data", "images")), self.contents(IMAGES))
 
     @staticmethod
     def contents(root):
@@ -164,11 +154,6 @@ class Theme(unittest.TestCase):
                 pixels_of_box = load(THEME / name).crop(box).getdata()
                 self.assertLess(max(brightness(p) for p in pixels_of_box), 96)
                 self.assertEqual({p[3] for p in pixels_of_box}, {255})
-
-    def test_dark_text_reads_well_on_the_welcome_picture(self):
-        light = sorted(brightness(p) for p in
-                       load(EDITOR / "welcome.png").crop((40, 90, 256, 300)).getdata())
-        self.assertGreater(light[len(light) // 50], 150)
 
 
 class Drawing(unittest.TestCase):

@@ -1,8 +1,4 @@
-"""Landscapes in pixels: sky, mountains, hills, castle, trees, water.
-
-A scene also remembers which layer drew each pixel, so that its contours can
-be drawn as pencil lines.
-"""
+"""Landscapes in pixels: sky, mountains, hills, castle, trees, water."""
 
 import math
 
@@ -12,28 +8,19 @@ from pixels import ball, blank, dither, noise, outline, put
 
 
 class Scene:
-    """A picture together with the number of the layer that owns each pixel."""
+    """A picture that is drawn from its background to its front."""
 
     def __init__(self, width, height):
         self.width, self.height = width, height
         self.image = Image.new("RGBA", (width, height), (0, 0, 0, 255))
-        self.layer = [[0] * width for _ in range(height)]
-        self.top = 0
-
-    def next_layer(self):
-        """Starts a layer in front of all others."""
-        self.top += 1
-        return self.top
 
     def plot(self, x, y, colour):
-        """Sets one pixel of the newest layer; outside nothing happens."""
+        """Sets one pixel; outside nothing happens."""
         if 0 <= x < self.width and 0 <= y < self.height:
             self.image.putpixel((x, y), tuple(colour[:3]) + (255,))
-            self.layer[y][x] = self.top
 
     def lay(self, thing, x, y):
-        """Puts a picture with transparency in front, as a layer of its own."""
-        self.next_layer()
+        """Puts a picture with transparency in front."""
         pixels = thing.load()
         for dy in range(thing.height):
             for dx in range(thing.width):
@@ -57,7 +44,6 @@ def smooth(x, scale, seed):
 
 def sky(scene, colours, bottom, steps=4):
     """A gradient from the top to row bottom, in dithered steps."""
-    scene.next_layer()
     ramp = []
     for one, other in zip(colours, colours[1:]):
         ramp += [mix(one, other, part / steps) for part in range(steps)]
@@ -85,26 +71,8 @@ def sun(scene, centre, radius, disc, glow, reach):
                     scene.plot(x, y, mix(old, glow, part))
 
 
-def cloud(scene, x, y, width, ramp, seed):
-    """A heap of lit balls on a flat bottom, width pixels wide."""
-    image = blank((width + 48, width))
-    base = int(width * 0.6)
-    count = max(4, width // 9)
-    for index in range(count):
-        part = index / (count - 1)
-        lift = math.sin(part * math.pi)
-        radius = 4 + lift * width * 0.13 + noise(index, 1, seed) * 3
-        centre = (24 + part * width, base - lift * width * 0.1 * noise(index, 2, seed))
-        ball(image, centre, (radius * 1.3, radius), ramp, 0.3)
-    for row in range(base + 2, image.height):
-        for column in range(image.width):
-            image.putpixel((column, row), (0, 0, 0, 0))
-    scene.lay(image, x - 24, y)
-
-
 def streak(scene, x, y, width, ramp, seed):
     """A long thin evening cloud, lit from below."""
-    scene.next_layer()
     for dx in range(width):
         part = dx / width
         thick = math.sin(part * math.pi) ** 0.7 * (3.2 + smooth(dx, 16, seed) * 3)
@@ -118,7 +86,6 @@ def streak(scene, x, y, width, ramp, seed):
 
 def mountain(scene, peak, half, bottom, ramp, snow, seed, light=1):
     """A peak with a bright and a dark face; light is the bright side, -1 left."""
-    scene.next_layer()
     px, py = peak
     height = bottom - py
     for y in range(py, bottom):
@@ -145,7 +112,6 @@ def face(x, y, crest, part, ramp, snow, seed, light, reach):
 
 def hill(scene, curve, ramp, depth=34.0, seed=0, grain=0.5):
     """All below the curve (row by column), lit at the edge and darker deeper down."""
-    scene.next_layer()
     for x in range(scene.width):
         top = curve(x)
         for y in range(int(top), scene.height):
@@ -157,7 +123,6 @@ def hill(scene, curve, ramp, depth=34.0, seed=0, grain=0.5):
 
 def firs(scene, spots, ramp, seed=0):
     """Small firs; spots are (x, foot row, height)."""
-    scene.next_layer()
     for x, foot, height in spots:
         for dy in range(height):
             tier = dy % 4
@@ -170,7 +135,6 @@ def firs(scene, spots, ramp, seed=0):
 
 def lake(scene, curve_top, bottom, colours, glints, shine=None):
     """Water between the curve and row bottom; shine is the column of the sun's path."""
-    scene.next_layer()
     for x in range(scene.width):
         for y in range(int(curve_top(x)), bottom(x)):
             level = (y - curve_top(x)) / max(1, bottom(x) - curve_top(x))
@@ -186,7 +150,6 @@ def lake(scene, curve_top, bottom, colours, glints, shine=None):
 
 def castle(scene, x, foot, ramp, roof, window, tall=1.0):
     """A castle 58 wide with five towers, 65 x tall high; foot is the row below it."""
-    scene.next_layer()
     towers = ((0, 26, 9, 10), (12, 36, 8, 12), (24, 50, 11, 15), (39, 33, 8, 12),
               (49, 24, 9, 10))
     block(scene, x + 3, foot - 17, 52, 17, ramp)

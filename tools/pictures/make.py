@@ -1,8 +1,9 @@
 #!/usr/bin/python3
-"""Draws all pictures that ship with the tool and those inside of it.
+"""Draws all pictures of the game that ship with the tool.
 
-Without an argument the files under data/images and src/app/pictures are
-written anew; with one, the same tree is written below that folder.
+Without an argument the files under data/images are written anew; with one,
+the same tree is written below that folder. The editor's own pictures are
+vectors, drawn by hand: src/app/pictures.
 """
 
 import sys
@@ -13,10 +14,8 @@ from PIL import Image
 sys.dont_write_bytecode = True  # leaves no caches between the sources
 
 import cave
-import editor_scenes
 import frames
 import house
-import icons
 import meadow
 import people
 import title
@@ -65,29 +64,6 @@ def write_theme(images):
     save(frames.talk_box(), folder / "parler.png")
 
 
-def write_scenes(folder):
-    """The editor's pixel pictures, each also with doubled pixels."""
-    for name, image in (("welcome", editor_scenes.welcome().convert("RGB")),
-                        ("banner", editor_scenes.banner().convert("RGB")),
-                        ("fighter", editor_scenes.fighter())):
-        save(image, folder / (name + ".png"))
-        double = (image.width * 2, image.height * 2)
-        save(image.resize(double, Image.NEAREST), folder / (name + "@2x.png"))
-
-
-def write_icons(folder):
-    """The editor's icons in normal and double size, and the program's sign."""
-    for name, art in (("create", icons.create()), ("open", icons.open_project()),
-                      ("documentation", icons.documentation()), ("fight", icons.fight()),
-                      ("variables", icons.variables()), ("setup", icons.setup()),
-                      ("test", icons.test()), ("publish", icons.publish())):
-        save(art.picture(art.units), folder / (name + ".png"))
-        save(art.picture(art.units * 2), folder / (name + "@2x.png"))
-    sign = icons.sign()
-    save(sign.picture(64), folder / "questforge.png")
-    save(sign.picture(256), folder / "questforge256.png")
-
-
 def main():
     """Writes every picture below the root that was chosen."""
     root = Path(sys.argv[1]) if len(sys.argv) > 1 else ROOT
@@ -95,9 +71,6 @@ def main():
     write_tilesets(images)
     write_hero(images)
     write_theme(images)
-    pictures = root / "src" / "app" / "pictures"
-    write_scenes(pictures)
-    write_icons(pictures)
 
 
 if __name__ == "__main__":

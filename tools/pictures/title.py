@@ -110,7 +110,6 @@ def knoll(x):
 
 def fireflies(scene):
     """Small lights over the meadow, none before the menu and the hero."""
-    scene.next_layer()
     for index in range(60):
         x, y = int(noise(index, 70) * 480), 184 + int(noise(index, 71) * 78)
         if 140 < x < 340 and y < 256 or 80 < x < 118 and y < 208:

@@ -127,9 +127,13 @@ QJsonArray closeButtonOf(const QMdiSubWindow& window)
 
 QJsonObject describe(const QWidget& control)
 {
-    QJsonObject answer{{u"place"_s, place(control, control.rect())}, {u"visible"_s, control.isVisible()},
-                       {u"enabled"_s, control.isEnabled()},          {u"reachable"_s, isReachable(control)},
-                       {u"caption"_s, captionOf(control)},           {u"window"_s, windowNumber(control)}};
+    QJsonObject answer{{u"place"_s, place(control, control.rect())},
+                       {u"visible"_s, control.isVisible()},
+                       {u"enabled"_s, control.isEnabled()},
+                       {u"reachable"_s, isReachable(control)},
+                       {u"caption"_s, captionOf(control)},
+                       {u"window"_s, windowNumber(control)},
+                       {u"focused"_s, control.hasFocus()}};
     for (const char* property : {"checked", "value", "maximum"}) {
         if (const QVariant value = control.property(property); value.isValid()) {
             answer[QLatin1StringView(property)] = value.toJsonValue();

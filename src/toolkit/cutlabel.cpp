@@ -1,0 +1,19 @@
+#include "toolkit/cutlabel.h"
+
+#include <QPainter>
+#include <QStyle>
+
+CutLabel::CutLabel(const QString& text, QWidget* parent)
+    : QLabel(text, parent)
+{
+    setTextFormat(Qt::PlainText);
+    setMinimumWidth(1);
+}
+
+void CutLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+    style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
+                          fitting, foregroundRole());
+}

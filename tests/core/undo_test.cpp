@@ -1,0 +1,198 @@
+#include "appdir.h"
+
+#include "events/eventstore.h"
+#include "maps/eventmarks.h"
+#include "maps/undo.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using Content = std::optional<std::string>; ///< nothing for a file that is missing
+
+class Undo : public testing::Test
+{
+protected:
+    Undo()
+    {
+        app.makeProject();
+        put("a", "one");
+        put("b", "two");
+    }
+
+    void put(const std::string& name, const Content& content) const
+    {
+        if (content) {
+            app.write("projets/demo/" + name, *content);
+        } else {
+            app.remove("projets/demo/" + name);
+        }
+    }
+
+    /// Does a click that may change the files a and b.
+    void click(const std::function<void()>& change, const std::string& mapName = "01")
+    {
+        const StepRecorder recorder(map, start, {ProjectFile("a"), ProjectFile("b")});
+        change();
+        if (auto step = recorder.finish(map, start)) {
+            step->map = mapName;
+            kept = history.add(std::move(*step));
+        }
+    }
+    UndoOutcome undo(const std::string& mapName = "01") { return history.undo(mapName, map, start).outcome; }
+    UndoOutcome redo(const std::string& mapName = "01") { return history.redo(mapName, map, start).outcome; }
+
+    TemporaryAppDir app;
+    MapModel map;
+    HeroStart start{"01", "1"};
+    UndoHistory history;
+    bool kept = false;
+};
+
+} // namespace
+
+TEST_F(Undo, GoesBackAndForthByteForByte)
+{
+    const std::string odd("\0\r\n\xFF", 4);
+    const std::vector<std::pair<Content, Content>> cases = {
+        {"aXc", "aYc"}, {"", "new"},     {{}, "new"}, {"gone", {}},       {odd, odd + odd},
+        {"aaa", "aa"},  {"aaa", "aaaa"}, {{}, ""},    {"\r\n", "x\r\n\n"}};
+    for (const auto& [before, after] : cases) {
+        put("a", before);
+        const Snapshot old = app.snapshot();
+        click([&, &content = after] { put("a", content); });
+        const Snapshot now = app.snapshot();
+        EXPECT_EQ(undo(), UndoOutcome::Done);
+        EXPECT_EQ(Changes(old, app.snapshot()), "") << before.value_or("missing");
+        EXPECT_EQ(redo(), UndoOutcome::Done);
+        EXPECT_EQ(Changes(now, app.snapshot()), "") << before.value_or("missing");
+    }
+}
+
+TEST_F(Undo, BringsBackTheMapAndTheHerosStart)
+{
+    map.tiles[5] = "3";
+    const MapModel before = map;
+    click([&] { map.reset(); });
+    const MapModel after = map;
+    click([&] { start = {"17", "9"}; });
+    EXPECT_EQ(undo(), UndoOutcome::Done);
+    EXPECT_EQ(start, (HeroStart{"01", "1"}));
+    EXPECT_EQ(map, after);
+    EXPECT_EQ(undo(), UndoOutcome::Done);
+    EXPECT_EQ(map, before);
+    EXPECT_EQ(undo(), UndoOutcome::Nothing);
+    EXPECT_EQ(redo(), UndoOutcome::Done);
+    EXPECT_EQ(redo(), UndoOutcome::Done);
+    EXPECT_EQ(map, after);
+    EXPECT_EQ(start, (HeroStart{"17", "9"}));
+}
+
+TEST_F(Undo, AFileThatIsNotWhatTheStepLeftRefusesIt)
+{
+    click([&] {
+        map.tiles[0] = "1";
+        put("a", "ONE");
+    });
+    const MapModel after = map;
+    const std::vector<std::pair<std::string, Content>> others = {
+        {"a", "onE"}, {"a", "ONE "}, {"a", {}}, {"b", "Two"}, {"b", {}}};
+    for (const auto& [name, content] : others) {
+        put(name, content);
+        const Snapshot found = app.snapshot();
+        EXPECT_EQ(undo(), UndoOutcome::ChangedElsewhere) << name;
+        EXPECT_EQ(Changes(found, app.snapshot()), "");
+        EXPECT_EQ(map, after);
+        put("a", "ONE");
+        put("b", "two");
+    }
+    EXPECT_EQ(undo(), UndoOutcome::Done); // once it is again, the step is still there
+    EXPECT_EQ(app.read("projets/demo/a"), "one");
+}
+
+TEST_F(Undo, TriesAgainWhatCouldNotBeWritten)
+{
+    app.write("projets/demo/folder/c", "three");
+    const StepRecorder recorder(map, start, {ProjectFile("a"), ProjectFile("folder/c")});
+    put("a", "ONE");
+    app.remove("projets/demo/folder");
+    history.add(*recorder.finish(map, start));
+    EXPECT_EQ(undo(""), UndoOutcome::NotWritten); // there is no folder for it
+    EXPECT_EQ(app.read("projets/demo/a"), "one");
+    std::filesystem::create_directory(app.at("projets/demo/folder"));
+    EXPECT_EQ(undo(""), UndoOutcome::Done);
+    EXPECT_EQ(app.read("projets/demo/folder/c"), "three");
+}
+
+TEST_F(Undo, AClickThatChangesNothingIsNoStep)
+{
+    click([&] { put("a", "one"); });
+    EXPECT_EQ(undo(), UndoOutcome::Nothing);
+}
+
+TEST_F(Undo, EachMapHasItsOwnSteps)
+{
+    click([&] { map.tiles[0] = "1"; }, "01");
+    click([&] { map.tiles[1] = "2"; }, "02");
+    EXPECT_EQ(undo("01"), UndoOutcome::Done);
+    EXPECT_FALSE(map.tiles[0]);
+    EXPECT_EQ(map.tiles[1], "2");
+    EXPECT_EQ(undo("01"), UndoOutcome::Nothing);
+    click([&] { map.tiles[2] = "3"; }, "02");
+    EXPECT_EQ(redo("01"), UndoOutcome::Done); // a step on another map does not end it
+    EXPECT_EQ(undo("01"), UndoOutcome::Done);
+    click([&] { map.tiles[3] = "4"; }, "01");
+    EXPECT_EQ(redo("01"), UndoOutcome::Nothing);
+}
+
+TEST_F(Undo, ForgetsTheOldestStepsBeyondItsLimit)
+{
+    constexpr std::size_t limit = 20'000; // bytes
+    history = UndoHistory(limit);
+    for (int i = 0; i < 1000; ++i) {
+        click([&] { map.tiles[0] = std::to_string(i); });
+        EXPECT_TRUE(kept);
+    }
+    int steps = 0;
+    while (undo() == UndoOutcome::Done) {
+        ++steps;
+        EXPECT_EQ(map.tiles[0], std::to_string(999 - steps));
+    }
+    EXPECT_GT(steps, 10);
+    EXPECT_LT(steps, 100);
+    click([&] { put("a", std::string(limit, 'x')); });
+    EXPECT_FALSE(kept);
+    EXPECT_EQ(undo(), UndoOutcome::Nothing);
+}
+
+TEST_F(Undo, ALongFileCostsOnlyWhatDiffers)
+{
+    const std::string longText(100'000, 'x');
+    put("a", longText + "y" + longText);
+    history = UndoHistory(2000);
+    click([&] { put("a", longText + "z" + longText); });
+    EXPECT_TRUE(kept);
+    EXPECT_EQ(undo(), UndoOutcome::Done);
+    EXPECT_EQ(app.read("projets/demo/a"), longText + "y" + longText);
+}
+
+TEST_F(Undo, ACellHasAnEventWhenItsFileHoldsAnEntry)
+{
+    const std::vector<std::string> texts = {"",        "\r\n",        "\r\n\r\n",   "a\r\n",
+                                            "abc\r\n", "\r\na\r\n",   "\r\nno end", "\n\r\n\r\n",
+                                            "ab\r\n",  "\r\n\r\n\r\n"};
+    int column = 0;
+    for (const std::string& text : texts) {
+        put("ev/map01/ev9" + std::to_string(++column), text);
+    }
+    const CellSet cells = CellsWithEvents("01");
+    for (column = 1; column <= MapModel::columns; ++column) {
+        EXPECT_EQ(cells[static_cast<std::size_t>(slotOf(9, column))],
+                  !loadevent(eventpath("01", 9, column)).empty())
+            << column;
+    }
+    EXPECT_TRUE(cells.any());
+    EXPECT_TRUE(CellsWithEvents("77").none());
+}
