@@ -42,7 +42,7 @@ public:
     void doAction(const QString& action) override
     {
         if (action == pressAction()) {
-            QMetaObject::invokeMethod(label_, &PressLabel::clicked, Qt::QueuedConnection); // it may ask
+            QMetaObject::invokeMethod(label_, "clicked", Qt::QueuedConnection); // it may ask
         } else {
             QAccessibleWidget::doAction(action);
         }
