@@ -86,6 +86,8 @@ void mapeditor::loadmap()
     Label5->setText(shown(HeroStartRow(mapText)));
     currentMap_ = number;
     mapFound_ = !mapText.empty();
+    unreadable_ = (mapText.empty() && IsUnreadable(MapFile(number))) ||
+                  (blockText.empty() && IsUnreadable(BlockFile(number)));
     events_.reset();
     if (!mapFound_) {
         showChange();
@@ -103,7 +105,7 @@ void mapeditor::savemap()
     Frame3->hide();
     const auto startColumn = CountFrom(typed(Label4->text()));
     const auto startRow = CountFrom(typed(Label5->text()));
-    const bool invalid = !mapFound_ && (!startColumn || !startRow);
+    const bool invalid = unreadable_ || (!mapFound_ && (!startColumn || !startRow));
     if (!ownsProject() || currentMap_.empty() || invalid) {
         return;
     }

@@ -126,6 +126,7 @@ private:
     MapModel map_;
     std::string currentMap_;     ///< MapNumberText of the map held; empty before the first load
     bool mapFound_ = false;      ///< whether the last load found a map file
+    bool unreadable_ = false;    ///< whether it met a file that it could not read
     std::string project_;        ///< the project that the map held was loaded from
     std::string chooserTileset_; ///< the tileset that the tile chooser shows
 

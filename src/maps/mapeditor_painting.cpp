@@ -37,6 +37,9 @@ void mapeditor::CarteImg_MouseDown(int x, int y)
     keepStep(before, cell.row == 0
                          ? "Saving"
                          : "Row " + std::to_string(cell.row) + ", column " + std::to_string(cell.column));
+    if (unreadable_) {
+        say(u"Not saved: a file of this map cannot be read. Mend it and load the map again."_s);
+    }
 }
 
 void mapeditor::placeStart(Cell cell)

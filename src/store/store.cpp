@@ -137,6 +137,13 @@ std::string ReadWholeFile(const Path& path)
     return content;
 }
 
+bool IsUnreadable(const Path& path)
+{
+    std::string ignored;
+    const std::error_code failure = platform::readFile(path, ignored);
+    return failure && failure != std::errc::no_such_file_or_directory;
+}
+
 void WriteWholeFile(std::string content, const Path& path)
 {
     if (path.empty()) {

@@ -53,6 +53,10 @@ void WriteIni(std::string_view section, std::string_view key, std::string_view v
 /// The whole content of a file, bytes unchanged.
 std::string ReadWholeFile(const Path& path);
 
+/// Whether something lies there that cannot be read: a failing disk, no permission, a file beyond the largest
+/// size. What was read of it is empty, and writing that back would cost the content.
+bool IsUnreadable(const Path& path);
+
 /// Replaces the whole content of `path` by `content` and one CR LF. Its folder must exist.
 void WriteWholeFile(std::string content, const Path& path);
 

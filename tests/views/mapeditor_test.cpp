@@ -98,6 +98,26 @@ TEST_F(MapEditor, AnEmptyMapFileIsReportedAtEveryLoadAndNeverSaved)
     }
 }
 
+TEST_F(MapEditor, AMapWithAFileThatCannotBeReadIsNotSaved)
+{
+    // A folder in place of the block file: no flags are read, and what lies there is not known.
+    app.remove("projets/demo/map01.ev");
+    std::filesystem::create_directory(app.at("projets/demo/map01.ev"));
+    QWidget& map = editor();
+    const Snapshot before = app.snapshot();
+    pressCell(map, 2, 2);
+    EXPECT_EQ(Changes(before, app.snapshot()), "");
+    EXPECT_EQ(text(map, "FootLine"),
+              "Not saved: a file of this map cannot be read. Mend it and load the map again.");
+
+    std::filesystem::remove(app.at("projets/demo/map01.ev"));
+    click(map, "Command4");
+    click(map, "Command6");
+    click(map, "Command1");
+    pressCell(map, 2, 2);
+    EXPECT_NE(app.read("projets/demo/map01.ev"), "");
+}
+
 TEST_F(MapEditor, AFailedLoadKeepsTheGridAndTheNextGoodOneReplacesIt)
 {
     WriteIni("Jeu", "cartes", "2", Descriptor());
