@@ -1,150 +1,105 @@
-#include "appdir.h"
+#include "inproject.h"
 
 #include "build/scripts.h"
 #include "events/eventstore.h"
 #include "store/codepage.h"
 #include "variables/variables.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
 namespace
 {
 
-class Scripts : public testing::Test
-{
-protected:
-    Scripts() { app.makeProject(); }
+using Scripts = InProject;
 
-    void expectBranch(std::string_view branch) const
-    {
-        EXPECT_NE(EventScript(1).find(branch), std::string::npos) << branch << "\n"
-                                                                  << EventScript(1).substr(0, 400);
-    }
-
-    TemporaryAppDir app;
-};
-
-/// The branch of a cell without an event.
-std::string emptyBranch(int row, int column)
+/// The branch of a cell with this event.
+std::string branch(int row, int column, std::string_view event)
 {
     return "\r\n    if ligne == " + std::to_string(row) + " and colonne == " + std::to_string(column) +
-           " then\r\n    \r\n    end\r\n\r\n";
+           " then\r\n    " + std::string(event) + "\r\n    end\r\n\r\n";
 }
 
-/// The block of a map without events.
-std::string emptyMap(const std::string& number)
+/// The block of a map whose events are `event` in one cell and nothing in all others.
+std::string map(const std::string& number, int eventRow = 0, int eventColumn = 0, std::string_view event = "")
 {
     std::string block = "if map == \"" + number + "\" then\r\n";
     for (int row = 1; row <= 9; ++row) {
         for (int column = 1; column <= 17; ++column) {
-            block += emptyBranch(row, column);
+            block += branch(row, column, row == eventRow && column == eventColumn ? event : "");
         }
     }
     return block + "end\r\n";
 }
 
-} // namespace
-
-TEST_F(Scripts, TheEventScriptHasABranchForEachCell)
+/// A script made of these maps.
+std::string script(const std::string& maps)
 {
-    WriteEventScript(1);
-    const std::string script = app.read("projets/demo/ev.lua");
-    EXPECT_EQ(script.size(), 9320u);
-    EXPECT_EQ(std::count(script.begin(), script.end(), '\n'), 770);
-    EXPECT_EQ(script, "function runev(colonne,ligne,map)\r\n" + emptyMap("01") + "\r\nend\r\n");
+    return "function runev(colonne,ligne,map)\r\n" + maps + "\r\nend";
 }
 
-TEST_F(Scripts, TheEventScriptHasABlockForEachMap)
+} // namespace
+
+TEST_F(Scripts, TheEventScriptHasABlockForEachMapAndABranchForEachCell)
 {
-    EXPECT_EQ(EventScript(0), "function runev(colonne,ligne,map)\r\n\r\nend");
-    EXPECT_EQ(EventScript(2),
-              "function runev(colonne,ligne,map)\r\n" + emptyMap("01") + emptyMap("02") + "\r\nend");
-    EXPECT_EQ(EventScript(2).size() + 2, 18598u);
-    EXPECT_TRUE(EventScript(10).ends_with(emptyMap("09") + emptyMap("10") + "\r\nend"));
+    WriteEventScript(1);
+    EXPECT_EQ(app.read("projets/demo/ev.lua"), script(map("01")) + "\r\n");
+    EXPECT_EQ(app.read("projets/demo/ev.lua").size(), 9320u);
+    EXPECT_EQ(EventScript(0), script(""));
+    EXPECT_TRUE(EventScript(10).ends_with(map("09") + map("10") + "\r\nend"));
 }
 
 TEST_F(Scripts, AnEventStandsInItsBranchAsItStands)
 {
-    const std::string head = "    if ligne == 3 and colonne == 12 then\r\n    ";
-    const std::string tail = "\r\n    end\r\n\r\n" + emptyBranch(3, 13);
-    const std::string texts[] = {"\r\n", "\r\na\r\nb \xE9\r\n", "no line end", std::string("\n\0\r", 3)};
-    for (const std::string& text : texts) {
+    for (const std::string& text : {std::string("\r\n"), std::string("\r\na\r\nb \xE9\r\n"),
+                                    std::string("no end"), std::string("\n\0\r", 3)}) {
         app.write("projets/demo/ev/map01/ev312", text);
-        expectBranch(head + text + tail);
-        EXPECT_EQ(EventScript(1).size(), 9318 + text.size());
+        EXPECT_EQ(EventScript(1), script(map("01", 3, 12, text)));
     }
-}
-
-TEST_F(Scripts, AnEventFileIsReadForOneCellOfOneMap)
-{
-    app.write("projets/demo/ev/map01/ev111", "first");
-    app.write("projets/demo/ev/map10/ev917", "tenth");
-    const std::string script = EventScript(10);
-    const std::size_t tenthMap = script.find("if map == \"10\" then");
-    const std::size_t first = script.find("ligne == 1 and colonne == 11 then\r\n    first\r\n");
-    const std::size_t tenth = script.find("ligne == 9 and colonne == 17 then\r\n    tenth\r\n");
-    EXPECT_LT(first, script.find("if map == \"02\" then"));
-    EXPECT_GT(tenth, tenthMap);
-    EXPECT_EQ(script.size(), EventScript(9).size() + emptyMap("10").size() + 5); // each stands there once
-    EXPECT_NE(tenth, std::string::npos);
+    app.write("projets/demo/ev/map02/ev111", "first row");
+    app.write("projets/demo/ev/map01/ev312", "");
+    EXPECT_EQ(EventScript(2), script(map("01") + map("02", 1, 11, "first row")));
 }
 
 TEST_F(Scripts, FilesThatAreNoCellsEventAreNotCompiled)
 {
-    const std::string before = EventScript(1);
     for (const std::string name :
          {"ev00", "ev01", "ev10", "ev118", "ev101", "ev011", onWindows ? "ev" : "EV11", "ev11.bak"}) {
         app.write("projets/demo/ev/map01/" + name, "not an event");
     }
-    app.write("projets/demo/ev/map02/ev11", "a later map");
     std::filesystem::create_directory(app.at("projets/demo/ev/map01/ev11"));
-    EXPECT_EQ(EventScript(1), before);
+    EXPECT_EQ(EventScript(1), script(map("01")));
     app.remove("projets/demo/ev");
-    EXPECT_EQ(EventScript(1), before);
+    EXPECT_EQ(EventScript(1), script(map("01")));
 }
 
-TEST_F(Scripts, AScriptThatCannotBeWrittenStays)
+TEST_F(Scripts, AnEventScriptBeyondTheLargestFileIsNotBuiltToItsEnd)
 {
-    namespace fs = std::filesystem;
-    for (const std::string name : {"projets/demo/ev.lua", "projets/demo/variables.lua", "index.lua"}) {
-        app.write(name, "older");
-        fs::permissions(app.at(name), fs::perms(0444));
-    }
-    const Snapshot before = app.snapshot();
     WriteEventScript(1);
-    WriteVariablesScript();
-    WriteBootScript();
-    EXPECT_EQ(Changes(before, app.snapshot()), "");
+    const std::string before = ReadWholeFile(ProjectFile("ev.lua"));
+    for (const int column : {1, 2, 3}) {
+        WriteWholeFile("", eventpath("01", 1, column));
+        std::filesystem::resize_file(eventpath("01", 1, column), platform::largestFile * 2 / 3);
+    }
+    EXPECT_LT(EventScript(1).size(), platform::largestFile / 3 * 5);
+    WriteEventScript(1);
+    EXPECT_EQ(ReadWholeFile(ProjectFile("ev.lua")), before);
 }
 
 TEST_F(Scripts, TheVariablesScriptHoldsTheStartValuesAsStrings)
 {
-    WriteVariablesScript();
-    EXPECT_EQ(app.read("projets/demo/variables.lua"), "--Variables du jeu\r\nvar = {}\r\n\r\n");
-    FinishVariable(1, "0");
+    FinishVariable(1, "");
     FinishVariable(2, "abc");
+    FinishVariable(3, "a\"\\\xE9");
     WriteVariablesScript();
     EXPECT_EQ(app.read("projets/demo/variables.lua"),
-              "--Variables du jeu\r\nvar = {}\r\nvar[1] = \"0\"\r\nvar[2] = \"abc\"\r\n\r\n");
-    FinishVariable(1, "");
-    FinishVariable(3, "a\"\\\xE9");
-    EXPECT_EQ(VariablesScript(), "--Variables du jeu\r\nvar = {}\r\nvar[1] = \"\"\r\nvar[2] = \"abc\"\r\n"
-                                 "var[3] = \"a\"\\\xE9\"\r\n");
+              "--Variables du jeu\r\nvar = {}\r\nvar[1] = \"\"\r\nvar[2] = \"abc\"\r\nvar[3] = "
+              "\"a\"\\\xE9\"\r\n\r\n");
     WriteIni("Variables", "nombre", "x", Descriptor());
     EXPECT_EQ(VariablesScript(), "--Variables du jeu\r\nvar = {}\r\n");
 }
 
 TEST_F(Scripts, TheBootScriptNamesTheCurrentProject)
 {
-    WriteBootScript();
-    EXPECT_EQ(app.read("index.lua"),
-              "System.currentDirectory(\"projets/demo\")\r\ndofile(\"index.lua\")\r\n");
-    EXPECT_EQ(app.read("index.lua").size(), 62u);
     app.makeProject(std::string("Épée 2"_ansi));
     WriteBootScript();
-    EXPECT_TRUE(app.read("index.lua")
-                    .starts_with("System.currentDirectory(\"projets/\xC9p\xE9"
-                                 "e 2\")\r\n"));
+    EXPECT_EQ(app.read("index.lua"),
+              "System.currentDirectory(\"projets/\xC9p\xE9\x65 2\")\r\ndofile(\"index.lua\")\r\n");
 }

@@ -1,9 +1,7 @@
-#include "appdir.h"
+#include "inproject.h"
 
 #include "fights/fights.h"
 #include "variables/variables.h"
-
-#include <gtest/gtest.h>
 
 #include <vector>
 
@@ -11,14 +9,7 @@ namespace
 {
 
 using Values = std::vector<std::string>;
-
-class DescriptorValues : public testing::Test
-{
-protected:
-    DescriptorValues() { app.makeProject(); }
-
-    TemporaryAppDir app;
-};
+using DescriptorValues = InProject;
 
 } // namespace
 
@@ -32,42 +23,47 @@ TEST_F(DescriptorValues, AVariableIsAddedInTwoSteps)
     std::string after = before + "[Variable1]\r\nnumero=1\r\nvaleur=abc\r\n";
     after.replace(after.find("nombre=0"), 8, "nombre=1");
     EXPECT_EQ(app.read("projets/demo/projet.ini"), after);
-    EXPECT_EQ(StartValues(), Values{"abc"});
 }
 
-TEST_F(DescriptorValues, AStartValueIsReplacedAloneAndMayBeEmpty)
+TEST_F(DescriptorValues, AStartValueIsReplacedAloneAndMayBeEmptyOrMissing)
 {
+    WriteIni("variable2", "VALEUR", "two", Descriptor());
+    EXPECT_EQ(StartValues(3), (Values{"", "two", ""}));
+    EXPECT_EQ(StartValues(), Values{});
     for (int number = 1; number <= 12; ++number) {
-        BeginVariable(number);
         FinishVariable(number, std::to_string(number * 10));
     }
     SetStartValue(2, "");
     SetStartValue(12, "last");
     EXPECT_EQ(StartValues(),
               (Values{"10", "", "30", "40", "50", "60", "70", "80", "90", "100", "110", "last"}));
-    EXPECT_EQ(VariableCountText(), "12");
 }
 
-TEST_F(DescriptorValues, MissingStartValuesAreEmpty)
+TEST_F(DescriptorValues, VariablesAreAsManyAsTheCountSaysAndTheNextFollowsIt)
 {
-    WriteIni("variable2", "VALEUR", "two", Descriptor());
-    EXPECT_EQ(StartValues(3), (Values{"", "two", ""}));
-    EXPECT_EQ(StartValues(), Values{});
-}
-
-TEST_F(DescriptorValues, WithoutACountThereAreNoVariables)
-{
-    BeginVariable(1);
+    struct Case {
+        std::string_view count;
+        int variables;
+        int next; // 0: none
+    };
     FinishVariable(1, "abc");
-    for (const std::string_view count : {"", "x", "-1", "1.0", "32768"}) {
+    for (const auto& [count, variables, next] : std::vector<Case>{{"", 0, 0},
+                                                                  {"x", 0, 0},
+                                                                  {"-1", 0, 0},
+                                                                  {"1.0", 0, 0},
+                                                                  {"32768", 0, 0},
+                                                                  {"0", 0, 1},
+                                                                  {"01", 1, 2},
+                                                                  {"32766", 32766, 32767},
+                                                                  {"32767", 32767, 0}}) {
         WriteIni("Variables", "nombre", count, Descriptor());
-        EXPECT_EQ(StartValues(), Values{}) << count;
-        EXPECT_EQ(VariableCount(), 0) << count;
         EXPECT_EQ(VariableCountText(), count);
+        EXPECT_EQ(VariableCount(), variables) << count;
+        EXPECT_EQ(StartValues().size(), static_cast<std::size_t>(variables)) << count;
+        EXPECT_EQ(VariableAfter(count).number, next) << count;
+        EXPECT_EQ(VariableAfter(count).failure.empty(), next != 0) << count;
     }
-    WriteIni("Variables", "nombre", "01", Descriptor());
-    EXPECT_EQ(StartValues(), Values{"abc"});
-    EXPECT_EQ(VariableCount(), 1);
+    EXPECT_NE(VariableAfter("32767").failure, BadVariableCount());
 }
 
 TEST_F(DescriptorValues, FightsAreCountedAndNamed)
@@ -84,18 +80,7 @@ TEST_F(DescriptorValues, FightsAreCountedAndNamed)
     EXPECT_EQ(FightTitle(2), "Nouveau combat");
 }
 
-TEST_F(DescriptorValues, AVariableFollowsItsCountUpToTheLargest)
-{
-    EXPECT_EQ(VariableAfter("0").number, 1);
-    EXPECT_EQ(VariableAfter("32766").number, 32767);
-    for (const char* count : {"32767", "", "abc", "-1", "1e9"}) {
-        EXPECT_EQ(VariableAfter(count).number, 0) << count;
-        EXPECT_FALSE(VariableAfter(count).failure.empty()) << count;
-    }
-    EXPECT_NE(VariableAfter("32767").failure, BadVariableCount());
-}
-
-TEST_F(DescriptorValues, ListEntriesKeepTheirWordsAndBytes)
+TEST(VariableLists, KeepTheirWordsAndBytes)
 {
     EXPECT_EQ(VariableLine(12, "a\"b"), "12 | Valeur de d\xE9part : a\"b");
     EXPECT_EQ(ConditionEntry(3, ""), "Variable 3 de valeur initale : ");

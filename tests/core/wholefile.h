@@ -26,23 +26,30 @@ protected:
         app.write("file", oldBytes);
     }
 
+    static void writeInEveryWay(const Path& path)
+    {
+        for (const auto& [name, write] : waysToWrite) {
+            write(path);
+        }
+    }
+
     /// Expects that no way of writing to this path changes anything below the folder.
-    void expectRefused(std::string_view relative) const
+    void expectRefused(const Path& path) const
     {
         const Snapshot before = app.snapshot();
         for (const auto& [name, write] : waysToWrite) {
-            write(app.at(relative));
-            EXPECT_EQ(Changes(before, app.snapshot()), "") << name;
+            write(path);
+            EXPECT_EQ(Changes(before, app.snapshot()), "") << name << ": " << path;
         }
     }
 
     /// Expects that something other than a file is neither read nor copied nor written.
-    void expectNoFile(std::string_view relative) const
+    void expectNoFile(const Path& path) const
     {
-        EXPECT_EQ(ReadWholeFile(app.at(relative)), "");
-        EXPECT_TRUE(CopyWholeFile(app.at(relative), app.at("file")));
+        EXPECT_EQ(ReadWholeFile(path), "");
+        EXPECT_TRUE(CopyWholeFile(path, app.at("file")));
         EXPECT_EQ(app.read("file"), oldBytes);
-        expectRefused(relative);
+        expectRefused(path);
     }
 
     TemporaryAppDir app;

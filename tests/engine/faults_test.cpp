@@ -107,7 +107,6 @@ struct Visit {
     {
         for (const char* number : {"01", "02", "03", "12"}) {
             startAt(number, 8, 8);
-            game.event(number, 8, 2, "affichertexte(\"x\")");
         }
         game.event("01", 9, 8, std::string("runmap(\"") + place.map + "\")");
         startAt(place.map, startColumn, place.row);
@@ -118,6 +117,23 @@ struct Visit {
     void startAt(const std::string& map, int column, int row, const std::string& blocks = "") const
     {
         game.map(map, (column < 10 ? "0" : "") + std::to_string(column) + "0" + std::to_string(row), blocks);
+    }
+
+    // Puts a wrong line between good ones. The place to be named.
+    std::string putFault(std::string fault)
+    {
+        const std::size_t mark = std::min(fault.find('@'), fault.size());
+        const auto above = mark < fault.size()
+                               ? std::count(fault.begin(), fault.begin() + static_cast<long>(mark), '\n')
+                               : 0;
+        std::erase(fault, '@');
+        std::string lines;
+        for (int line = 1; line < place.line; ++line) {
+            lines += line % 2 == 0 ? "var[7] = \"end if\"\r\n" : "-- d'abord \"\r\n";
+        }
+        lines += projectText(fault) + "var[8] = \"x\"\r\nif var[1] == \"0\" then\r\nvar[9] = \"y\"\r\nend";
+        game.event(place.map, place.column, place.row, lines);
+        return place.text() + ", line " + std::to_string(place.line + above) + ": ";
     }
 
     void begin()
@@ -132,7 +148,7 @@ struct Visit {
     }
 
     // Closes what the engine says, and walks on, to a cell with a good event.
-    void goOn(Buttons direction)
+    void expectNamedAndGoOn(const std::string& prefix, const std::string& words, Buttons direction)
     {
         game.wait(60);
         game.press(button::cross);
@@ -140,35 +156,13 @@ struct Visit {
         game.walk(direction, 1);
         game.press(button::cross);
         EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
+        const std::string told = game.told();
+        const std::size_t named = told.find("\n" + prefix);
+        ASSERT_NE(named, std::string::npos) << prefix << told;
+        EXPECT_TRUE(contains(told.substr(named, told.find('\n', named + 1) - named), words)) << told;
+        EXPECT_TRUE(contains(told.substr(named), "\nBon ")) << prefix << told;
     }
 };
-
-void expectNamed(Visit& visit, const std::string& prefix, const std::string& words)
-{
-    const std::string told = visit.game.told();
-    const std::size_t named = told.find("\n" + prefix);
-    ASSERT_NE(named, std::string::npos) << prefix << told;
-    EXPECT_TRUE(contains(told.substr(named, told.find('\n', named + 1) - named), words)) << told;
-    EXPECT_TRUE(contains(told.substr(named), "\nBon ")) << prefix << told;
-}
-
-// The lines of the event: good ones, the wrong ones, good ones. Says on which line the fault is.
-int putFault(Visit& visit, const Place& place, std::string fault)
-{
-    std::string lines;
-    const std::size_t mark = fault.find('@');
-    int above = 0;
-    if (mark != std::string::npos) {
-        fault.erase(mark, 1);
-        above = static_cast<int>(std::count(fault.begin(), fault.begin() + static_cast<long>(mark), '\n'));
-    }
-    for (int line = 1; line < place.line; ++line) {
-        lines += line % 2 == 0 ? "var[7] = \"end if\"\r\n" : "-- d'abord \"\r\n";
-    }
-    lines += projectText(fault) + "var[8] = \"x\"\r\nif var[1] == \"0\" then\r\nvar[9] = \"y\"\r\nend";
-    visit.game.event(place.map, place.column, place.row, lines);
-    return place.line + above;
-}
 
 TEST(Faults, AreNamedByCellAndLineAndTheGameGoesOn)
 {
@@ -176,11 +170,10 @@ TEST(Faults, AreNamedByCellAndLineAndTheGameGoesOn)
         for (std::size_t i = 0; i < std::size(places); ++i) {
             Visit visit(places[i]);
             layTraps(visit.game);
-            const int line = putFault(visit, places[i], kind.faults[i]);
+            const std::string prefix = visit.putFault(kind.faults[i]);
             visit.begin();
             visit.game.walk(visit.there, 1);
-            visit.goOn(visit.back);
-            expectNamed(visit, places[i].text() + ", line " + std::to_string(line) + ": ", kind.words);
+            visit.expectNamedAndGoOn(prefix, kind.words, visit.back);
         }
     }
 }
@@ -189,15 +182,11 @@ TEST(Faults, OfABlockedStartAreNamedByItsCell)
 {
     for (const Place& place : places) {
         Visit visit(place);
-        std::string blocks;
-        for (int row = 1; row <= 8; ++row) {
-            blocks += std::string(17, '0') + "\r\n";
-        }
-        blocks.at(19 * (place.row - 1) + place.column - 1) = '1';
+        std::string blocks(19 * 8, '0');
+        blocks.at(static_cast<std::size_t>(19 * (place.row - 1) + place.column - 1)) = '1';
         visit.startAt(place.map, place.column, place.row, blocks);
         visit.begin();
-        visit.goOn(visit.back);
-        expectNamed(visit, place.text() + ": ", "blocked");
+        visit.expectNamedAndGoOn(place.text() + ": ", "blocked", visit.back);
     }
 }
 
@@ -244,34 +233,34 @@ TEST(Faults, OfCellsThatLuaRefusesAreNamedAtTheStartAndOnceWhenMet)
     EXPECT_FALSE(contains(told, "Bon")) << told;
 }
 
-struct Repeat {
-    const char* lines;
-    const char* message;
-    std::size_t times;
-};
-
 TEST(Faults, AreToldEachTimeTheyStopAnEventAndOnceWhenTheyDoNot)
 {
+    struct Repeat {
+        const char* lines;
+        const char* message;
+        std::size_t times;
+    };
     const Repeat repeats[] = {
         {"nothing()", "there is no function", 2},
         {"for i = 1, 3 do hero.x = 99 end", "hero.x needs", 2},
         {"if var[1] ~= abc then\r\nend", "the name \"abc\" is unknown", 1},
         {"if var[1] ~= 5 then\r\nend", "type \"5\" with quotes", 1},
+        {"if var[1] ~= abc then nothing() end", "\"abc\"", 0}, // the line that failed is named once
         // Nothing is wrong with these.
         {"abc = 1\r\nif var[1] ~= abc then\r\nend", "line", 0},
         {"local abc\r\nif var[1] == abc then\r\nend", "line", 0},
         {"var[1] = 5\r\nif var[1] ~= 5 then\r\nend", "line", 0},
         {"if var[1] ~= nil and var[1] ~= \"var[1] == 5\" then\r\nend -- var[1] == 5", "line", 0},
     };
-    for (const Repeat& repeat : repeats) {
+    for (const auto& [lines, message, times] : repeats) {
         Game game;
-        game.event(5, 5, repeat.lines);
+        game.event(5, 5, lines);
         const std::string told = toldOnTheWay(game, 1, 3);
-        EXPECT_EQ(count(told, repeat.message), repeat.times) << repeat.lines << told;
+        EXPECT_EQ(count(told, message), times) << lines << told;
     }
 }
 
-TEST(Faults, OfWritingAreToldInPlainWords)
+TEST(Faults, OfWritingAreToldInPlainWordsBeforeTheyDoHarm)
 {
     const std::pair<const char*, const char*> mistakes[] = {
         {"affichertexte(\"a\"\r\nhero.x = 1", "line 1: \")\" is missing at the end"},
@@ -288,26 +277,18 @@ TEST(Faults, OfWritingAreToldInPlainWords)
         {"x = 1\r\nbreak\r\nx = 2", "line 2: this \"break\" is in no loop"},
         {"while var[1] do\r\nif var[2] then\r\nbreak\r\nend\r\nend end", "line 5: this end closes nothing"},
         {"--[[ a\r\nx = 2", "line 1: unfinished long comment"},
+        // As a whole, ev.lua is good Lua with these.
+        {"else\r\nharm = true", "line 1: this "},
+        {"end\r\nharm = true\r\nif harm then", "line 1: this "},
+        {"end\r\nwhile true do\r\nend\r\nif 1 then", "line 1: this "},
     };
     for (const auto& [lines, message] : mistakes) {
         Game game;
         game.event(12, 3, lines);
-        const std::string told = toldOnTheWay(game, 1, 1);
-        EXPECT_TRUE(contains(told, std::string("column 12, ") + message)) << lines << told;
-    }
-}
-
-// As a whole, ev.lua is good Lua with these.
-TEST(Faults, ThatMoveLinesOutOfTheirCellAreNamedBeforeTheyDoHarm)
-{
-    for (const char* lines : {"else\r\nharm = true", "end\r\nharm = true\r\nif harm then",
-                              "end\r\nwhile true do\r\nend\r\nif 1 then"}) {
-        Game game;
-        game.event(12, 3, lines);
         game.event(5, 5, "affichertexte(\"Bon\")");
         const std::string told = toldOnTheWay(game, 1, 1);
-        EXPECT_TRUE(contains(told, "\nmap 01, row 3, column 12, line 1: this ")) << told;
-        EXPECT_TRUE(contains(told, "\nBon ")) << told;
+        EXPECT_TRUE(contains(told, std::string("\nmap 01, row 3, column 12, ") + message)) << lines << told;
+        EXPECT_TRUE(contains(told, "\nBon ")) << lines << told;
         EXPECT_EQ(game.value("harm"), "nil") << lines;
     }
 }

@@ -38,12 +38,6 @@ System.currentDirectory("projets/Essai")
 dofile("index.lua")
 )lua";
 
-std::string readText(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 std::string repeated(std::string_view line, int times)
 {
     std::string text;
@@ -68,6 +62,12 @@ fs::path sourceFolder()
     return QUESTFORGE_SOURCE_DIR;
 }
 
+std::string sourceText(const fs::path& name)
+{
+    std::ifstream file(sourceFolder() / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 std::string projectText(std::string_view text)
 {
     std::string lines;
@@ -81,7 +81,7 @@ Game::Game()
 {
     folder_.write("index.lua", spyingBootScript);
     for (const char* name : {"index.lua", "menustart.lua", "ram.lua", "map.lua", "ev.lua"}) {
-        file(name, projectText(readText(sourceFolder() / "engine" / name)));
+        file(name, projectText(sourceText(fs::path("engine") / name)));
     }
     file("variables.lua", "--Variables du jeu\r\nvar = {}\r\nvar[1] = \"0\"\r\n\r\n");
     file("projet.ini", "[Jeu]\r\nnom=Essai\r\ncartes=1\r\n[Carte01]\r\ntexture=01\r\nnom=Carte 1\r\n");

@@ -20,6 +20,9 @@ namespace button = player::button;
 /// The folder with the engine's scripts and the pictures that a project starts with.
 std::filesystem::path sourceFolder();
 
+/// The bytes of a file of that folder.
+std::string sourceText(const std::filesystem::path& name);
+
 /// A text of the engine as it lies in a project: Windows-1252, CR LF, and one CR LF more.
 std::string projectText(std::string_view text);
 
@@ -58,6 +61,14 @@ public:
     /// "New game" from the title.
     void begin();
 
+    /// Begins a game and walks onto the next cell, to the right of the start, whose event has these lines.
+    void enter(const std::string& lines)
+    {
+        event(5, 5, lines);
+        begin();
+        walk(button::right, 1);
+    }
+
     /// The frame that the next act starts with.
     Frame now() const { return now_; }
 
@@ -70,6 +81,16 @@ public:
 
     /// Of the finished run.
     std::string value(const std::string& expression) { return player().value(expression); }
+
+    std::string valueAt(Frame frame, const std::string& expression)
+    {
+        return player().watched(frame, expression);
+    }
+    const player::Image& pictureAt(Frame frame) { return player().captured(frame); }
+
+    /// The hero's cell, "column,row".
+    std::string place() { return value(placeOfHero); }
+    static constexpr const char* placeOfHero = "hero.x .. ',' .. hero.y";
 
     /// The texts of every picture that showed texts: one line for each, its texts divided by "|".
     std::string pages() { return value("pages"); }

@@ -1,8 +1,6 @@
 #include "tests/engine/game.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <set>
 #include <string>
 #include <utility>
@@ -11,12 +9,6 @@ namespace engine::testing
 {
 namespace
 {
-
-std::string engineFile(const char* name)
-{
-    std::ifstream file(sourceFolder() / "engine" / name, std::ios::binary);
-    return projectText(std::string{std::istreambuf_iterator<char>(file), {}});
-}
 
 TEST(Map, StartsTheHeroOnTheGridWhateverItsHeadSays)
 {
@@ -27,7 +19,8 @@ TEST(Map, StartsTheHeroOnTheGridWhateverItsHeadSays)
                                                          {"9999", "17,8"}, {"abcd", "1,1"},  {"-1 3", "1,3"}};
     for (const auto& [head, expected] : heads) {
         game.map("02", head);
-        EXPECT_EQ(game.value("jeu.openMap('02') or hero.x .. ',' .. hero.y"), expected) << head;
+        EXPECT_EQ(game.value("jeu.openMap('02')"), "nil") << head;
+        EXPECT_EQ(game.place(), expected) << head;
     }
 }
 
@@ -57,11 +50,10 @@ TEST(Map, LeavesCellsWithoutATileEmpty)
     const std::string rest = "0000000000000000\r\n";
     game.file("map01.map", "1708\r\n0" + rest + "a" + rest + " " + rest + "9" + rest + "\xE9" + rest);
     game.begin();
-    game.capture();
-    const Frame frame = game.now();
+    const Frame frame = game.capture();
     game.wait(2);
     game.run();
-    const auto& picture = game.player().captured(frame);
+    const auto& picture = game.pictureAt(frame);
     const auto cell = [&picture](int row) { return picture.pixel(2 + 14, 36 + 29 * (row - 1) + 14); };
     const player::Pixel empty = picture.pixel(2 + 14, 36 + 29 * 7 + 14);
     EXPECT_NE(cell(1), empty);
@@ -87,8 +79,8 @@ TEST(Map, IsCalledAsTheEditorReadsItsName)
 }
 
 struct Grid {
-    std::string codes = engineFile("map01.map");
-    std::string blocks = engineFile("map01.ev");
+    std::string codes = projectText(sourceText("engine/map01.map"));
+    std::string blocks = projectText(sourceText("engine/map01.ev"));
     std::set<std::pair<int, int>> reached = {};
 
     static std::size_t at(int x, int y) { return static_cast<std::size_t>((y - 1) * 19 + x - 1); }

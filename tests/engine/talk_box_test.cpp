@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 namespace engine::testing
 {
@@ -13,17 +14,11 @@ std::string quoted(const std::string& text)
     return "\"" + text + "\"";
 }
 
-struct Talk {
-    std::string argument;
-    std::string pages;
-};
-
 TEST(TalkBox, BreaksATextIntoLinesAndPages)
 {
     const std::string fifty(50, 'x');
     const std::string line(54, 'y');
-    const Talk talks[] = {
-        {quoted("Bonjour"), "Bonjour|\n"},
+    const std::pair<std::string, std::string> talks[] = {
         {quoted("\xC9t\xE9 \x80 \x9C"), "\xC9t\xE9 \x80 \x9C|\n"},
         {"12.5", "12.5|\n"},
         {"false", "false|\n"},
@@ -34,15 +29,13 @@ TEST(TalkBox, BreaksATextIntoLinesAndPages)
         {quoted("a\\n\\nb"), "a||b|\n"},
         {quoted("1\\n2\\n3\\n4\\n5\\n6"), "1|2|3|4|5|\n6|\n"},
     };
-    for (const Talk& talk : talks) {
+    for (const auto& [argument, pages] : talks) {
         Game game;
-        game.event(5, 5, "pages = ''\r\naffichertexte(" + talk.argument + ")\r\nfinished = true");
-        game.begin();
-        game.walk(button::right, 1);
+        game.enter("pages = ''\r\naffichertexte(" + argument + ")\r\nfinished = true");
         game.press(button::cross);
         game.press(button::cross);
         game.run();
-        EXPECT_EQ(game.pages(), talk.pages);
+        EXPECT_EQ(game.pages(), pages);
         EXPECT_EQ(game.value("finished"), "true");
     }
 }
@@ -64,24 +57,22 @@ TEST(TalkBox, WaitsForAPressThatBeganAfterIt)
     const Frame following = game.watch("second");
     game.press(button::cross);
     game.run();
-    EXPECT_EQ(game.player().watched(held, "first"), "nil");
-    EXPECT_EQ(game.player().watched(pressed, "first"), "true");
-    EXPECT_EQ(game.player().watched(following, "second"), "nil");
+    EXPECT_EQ(game.valueAt(held, "first"), "nil");
+    EXPECT_EQ(game.valueAt(pressed, "first"), "true");
+    EXPECT_EQ(game.valueAt(following, "second"), "nil");
     EXPECT_EQ(game.value("second"), "true");
 }
 
 TEST(TalkBox, IsNotClosedByAPressDuringThePauseBeforeIt)
 {
     Game game;
-    game.event(5, 5, "screen.waitVblankStart(20)\r\naffichertexte(1)\r\nclosed = true");
-    game.begin();
-    game.walk(button::right, 1);
+    game.enter("screen.waitVblankStart(20)\r\naffichertexte(1)\r\nclosed = true");
     game.press(button::cross);
     game.wait(30);
     const Frame shown = game.watch("closed");
     game.press(button::cross);
     game.run();
-    EXPECT_EQ(game.player().watched(shown, "closed"), "nil");
+    EXPECT_EQ(game.valueAt(shown, "closed"), "nil");
     EXPECT_EQ(game.value("closed"), "true");
 }
 
@@ -99,7 +90,7 @@ TEST(TalkBox, IsClosedByAPressThatTouchesNothing)
     game.hold(button::cross);
     game.wait(40);
     game.run();
-    EXPECT_EQ(game.player().watched(walkedOn, "count"), "nil");
+    EXPECT_EQ(game.valueAt(walkedOn, "count"), "nil");
     EXPECT_EQ(game.value("count"), "1");
 }
 

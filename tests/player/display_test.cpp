@@ -12,46 +12,29 @@ namespace player::testing
 namespace
 {
 
-TEST(FrameClock, CountsSixtyFramesASecond)
+TEST(FrameClock, CountsSixtyFramesASecondAndStartsEachAtItsFirstInstant)
 {
-    EXPECT_EQ(frameAt(std::chrono::seconds(1)), 60);
     EXPECT_EQ(frameAt(std::chrono::hours(24 * 365 * 100)), 60LL * 3600 * 24 * 365 * 100);
     EXPECT_EQ(startOfFrame(90), std::chrono::milliseconds(1500));
-}
-
-TEST(FrameClock, StartsEachFrameAtItsFirstInstant)
-{
     for (const std::int64_t frame : {0LL, 1LL, 2LL, 59LL, 61LL, 12345679LL, 6'000'000'000LL}) {
         EXPECT_EQ(frameAt(startOfFrame(frame)), frame);
         EXPECT_EQ(frameAt(startOfFrame(frame + 1) - Instant(1)), frame);
     }
 }
 
-TEST(PadState, KeepsATapForTheNextReading)
+TEST(PadState, KeepsATapForTheNextReadingAndHoldsAButtonUntilItsLastSourceLetsGo)
 {
     PadState pad;
-    pad.press(1, button::cross);
+    pad.press(1, button::circle);
     pad.release(1);
-    EXPECT_EQ(pad.take(), button::cross);
-    EXPECT_EQ(pad.take(), button::none);
-}
-
-TEST(PadState, HoldsAButtonUntilItsLastSourceLetsGo)
-{
-    PadState pad;
     pad.press(1, button::cross);
     pad.press(1, button::cross);
     pad.press(2, button::cross);
-    pad.take();
+    EXPECT_EQ(pad.take(), button::circle | button::cross);
     pad.release(1);
     EXPECT_EQ(pad.take(), button::cross);
     pad.release(2);
     EXPECT_EQ(pad.take(), button::none);
-}
-
-TEST(PadState, LetsGoOfEverythingAtOnce)
-{
-    PadState pad;
     pad.press(1, button::left);
     pad.press(2, button::up);
     pad.take();
@@ -81,12 +64,9 @@ SDL_Event stickEvent(std::uint8_t axis, std::int16_t value)
 TEST(SdlInput, KnowsTheKeys)
 {
     const std::pair<SDL_Keycode, Buttons> cases[] = {
-        {SDLK_UP, button::up},        {SDLK_DOWN, button::down},  {SDLK_LEFT, button::left},
-        {SDLK_RIGHT, button::right},  {SDLK_x, button::cross},    {SDLK_SPACE, button::cross},
-        {SDLK_RETURN, button::cross}, {SDLK_c, button::circle},   {SDLK_BACKSPACE, button::circle},
-        {SDLK_s, button::square},     {SDLK_d, button::triangle}, {SDLK_ESCAPE, button::start},
-        {SDLK_p, button::start},      {SDLK_TAB, button::select}, {SDLK_q, button::l},
-        {SDLK_w, button::r},          {SDLK_F1, button::none},
+        {SDLK_UP, button::up},        {SDLK_x, button::cross},    {SDLK_RETURN, button::cross},
+        {SDLK_s, button::square},     {SDLK_d, button::triangle}, {SDLK_BACKSPACE, button::circle},
+        {SDLK_ESCAPE, button::start}, {SDLK_TAB, button::select}, {SDLK_F1, button::none},
     };
     for (const auto& [key, buttons] : cases) {
         EXPECT_EQ(buttonOfKey(key), buttons) << SDL_GetKeyName(key);
@@ -120,20 +100,16 @@ TEST(SdlInput, TakesTheLeftStickForTheDirections)
 
 TEST(FrameScaler, EnlargesByTheLargestWholeFactor)
 {
-    struct Case {
-        Area target;
-        int factor, left, top;
-    };
-    const Case cases[] = {{{480, 272}, 1, 0, 0},
-                          {{959, 544}, 1, 239, 136},
-                          {{960, 544}, 2, 0, 0},
-                          {{1920, 1080}, 3, 240, 132},
-                          {{100, 100}, 1, -190, -86}};
-    for (const Case& c : cases) {
-        const Placement place = centred({480, 272}, c.target);
-        EXPECT_EQ(place.factor, c.factor) << c.target.width;
-        EXPECT_EQ(place.left, c.left) << c.target.width;
-        EXPECT_EQ(place.top, c.top) << c.target.width;
+    const std::pair<Area, Placement> cases[] = {{{480, 272}, {1, 0, 0}},
+                                                {{959, 544}, {1, 239, 136}},
+                                                {{960, 544}, {2, 0, 0}},
+                                                {{1920, 1080}, {3, 240, 132}},
+                                                {{100, 100}, {1, -190, -86}}};
+    for (const auto& [target, expected] : cases) {
+        const Placement place = centred({480, 272}, target);
+        EXPECT_EQ(place.factor, expected.factor) << target.width;
+        EXPECT_EQ(place.left, expected.left) << target.width;
+        EXPECT_EQ(place.top, expected.top) << target.width;
     }
 }
 

@@ -151,4 +151,19 @@ std::string TempFolder::read(const std::filesystem::path& name) const
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string resultOf(const std::string& script, const TempFolder& folder)
+{
+    folder.write("index.lua", script);
+    PlayerRun run(folder.path());
+    const Outcome outcome = run.play(10 * framesPerSecond);
+    return outcome == Outcome::Ended    ? run.value("result")
+           : outcome == Outcome::Failed ? "failed: " + run.error()
+                                        : "closed";
+}
+
+std::string resultOf(const std::string& script)
+{
+    return resultOf(script, TempFolder());
+}
+
 } // namespace player::testing

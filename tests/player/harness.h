@@ -154,4 +154,9 @@ private:
     std::filesystem::path path_;
 };
 
+/// What a script of its own, in a folder, leaves as the global `result`; "failed: " and the error if it
+/// fails, "closed" if it goes on for ten seconds.
+std::string resultOf(const std::string& script, const TempFolder& folder);
+std::string resultOf(const std::string& script);
+
 } // namespace player::testing

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <future>
 #include <iostream>
 #include <SDL.h>
 #include <string>
@@ -45,10 +44,6 @@ TEST(Handover, ShowsTheRowsThatChangedSinceTheLastShow)
     EXPECT_EQ(shownRows(handover), "10-21");
     EXPECT_EQ(shownRows(handover), "none");
     EXPECT_EQ(shownRows(handover, true), "0-0");
-    handover.show(true, [](const Image& picture, Rows /*changed*/) {
-        EXPECT_EQ(picture.pixel(0, 20), makePixel(1, 2, 3));
-        EXPECT_EQ(picture.pixel(479, 10), makePixel(1, 2, 3));
-    });
 }
 
 TEST(Handover, KeepsATapUntilTheGameReadsIt)
@@ -60,37 +55,6 @@ TEST(Handover, KeepsATapUntilTheGameReadsIt)
     EXPECT_EQ(handover.takeButtons(), button::up);
     handover.setButtons(button::none, button::none);
     EXPECT_EQ(handover.takeButtons(), button::none);
-}
-
-TEST(Handover, TellsTheEndOfTheGameToWhoWaits)
-{
-    Handover handover(true);
-    const auto game = std::async(std::launch::async, [&handover] { handover.end(); });
-    EXPECT_EQ(handover.await(std::chrono::hours(1), true), News::Ended);
-}
-
-TEST(Handover, CarriesPicturesFromThreadToThread)
-{
-    Handover handover(true);
-    constexpr Pixel lastColour = makePixel(200, 0, 0);
-    const auto game = std::async(std::launch::async, [&handover] {
-        Image frame(screenWidth, screenHeight, Image::Kind::AlwaysOpaque);
-        for (Pixel red = 1; red <= 200; ++red) {
-            frame.clear(makePixel(red, 0, 0));
-            handover.present(frame);
-        }
-        handover.end();
-    });
-    Pixel seen = 0;
-    const auto look = [&seen](const Image& picture, Rows /*changed*/) {
-        seen = picture.pixel(0, 0);
-        EXPECT_EQ(picture.pixel(479, 271), seen);
-    };
-    while (handover.await(std::chrono::hours(1), false) != News::Ended) {
-        handover.show(false, look);
-    }
-    handover.show(true, look);
-    EXPECT_EQ(seen, lastColour);
 }
 
 void pressCloseBoxSoon()
@@ -123,7 +87,7 @@ int exitCodeWhenClosed(const TempFolder& folder, const std::string& script)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-TEST(Window, ClosesWhateverTheScriptDoes)
+TEST(Window, ClosesWhateverTheScriptDoesAndItsFilesIfItEndsInTime)
 {
     const char* const scripts[] = {
         // Hours within a single call.
@@ -131,19 +95,12 @@ TEST(Window, ClosesWhateverTheScriptDoes)
         // Seconds between two looks at the script.
         "local a, b = Image.createEmpty(4096, 4096), Image.createEmpty(4000, 4000) "
         "a:clear(Color.new(1, 2, 3, 4)) b:clear(Color.new(1, 2, 3, 4)) while true do b:blit(0, 0, a) end",
+        "f = io.open('save.txt', 'w') f:write('kept') while true do screen.flip() end",
     };
     const TempFolder folder;
     for (const char* script : scripts) {
         EXPECT_EQ(exitCodeWhenClosed(folder, script), 0) << script;
     }
-}
-
-TEST(Window, ClosesTheFilesOfAScriptThatEndsInTime)
-{
-    const TempFolder folder;
-    EXPECT_EQ(exitCodeWhenClosed(
-                  folder, "f = io.open('save.txt', 'w') f:write('kept') while true do screen.flip() end"),
-              0);
     EXPECT_EQ(folder.read("save.txt"), "kept");
 }
 

@@ -51,7 +51,7 @@ TEST_F(WholeFile, ThatAnotherProgramHoldsOpenStays)
 {
     const HANDLE reader = openToRead(app.at("file"));
     ASSERT_NE(reader, INVALID_HANDLE_VALUE);
-    expectRefused("file");
+    expectRefused(app.at("file"));
     ::CloseHandle(reader);
 }
 
@@ -114,7 +114,7 @@ TEST_F(WholeFile, KeepsItsAccessRights)
 TEST_F(WholeFile, ADeviceIsNeitherReadNorReplaced)
 {
     for (const std::string_view name : {"NUL", "CON"}) {
-        expectNoFile(name);
+        expectNoFile(app.at(name));
     }
 }
 
