@@ -19,6 +19,7 @@ constexpr Pixel makePixel(Pixel red, Pixel green, Pixel blue, Pixel alpha = 255)
     return alpha << 24U | red << 16U | green << 8U | blue;
 }
 
+/// From 0, clear, to 255, opaque.
 constexpr Pixel alphaOf(Pixel pixel)
 {
     return pixel >> 24U;

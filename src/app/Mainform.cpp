@@ -1,7 +1,6 @@
 #include "app/Mainform.h"
 
 #include "app/Acc.h"
-#include "app/arrangement.h"
 #include "fights/combateditor.h"
 #include "maps/mapeditor.h"
 #include "project/Controlpanel.h"
@@ -16,14 +15,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -157,95 +154,6 @@ void Mainform::noteActive(QMdiSubWindow* window)
         before->deactivated();
     }
     view->activated();
-}
-
-void Mainform::addKeys()
-{
-    const auto add = [this](const QList<QKeySequence>& keys, auto handler) {
-        auto* action = new QAction(this);
-        action->setShortcuts(keys);
-        action->setAutoRepeat(false);
-        connect(action, &QAction::triggered, this, [this, handler] {
-            if (QApplication::activeModalWidget() == nullptr) { // keys can be faster than a box
-                setAttribute(Qt::WA_KeyboardFocusChange);       // the focus is to be seen from now on
-                handler();
-            }
-        });
-        addAction(action);
-    };
-    add({Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_F6}, [this] { showNeighbour(1); });
-    add({Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::SHIFT | Qt::Key_F6},
-        [this] { showNeighbour(-1); });
-    add({Qt::CTRL | Qt::Key_F4, Qt::CTRL | Qt::Key_W}, [this] { closeActive(); });
-    add({Qt::CTRL | Qt::SHIFT | Qt::Key_T}, [this] { arrange(tiled); });
-    add({Qt::CTRL | Qt::SHIFT | Qt::Key_C}, [this] { arrange(cascaded); });
-    add({Qt::Key_F10}, [this] { enterMenuBar(); });
-    add({Qt::ALT | Qt::Key_Minus}, [this] {
-        if (QMdiSubWindow* window = area_->activeSubWindow()) {
-            window->showSystemMenu(); // moves and sizes a view by the arrow keys
-        }
-    });
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { reveal(now); });
-}
-
-void Mainform::showNeighbour(int step)
-{
-    QList<QMdiSubWindow*> shown = area_->subWindowList();
-    shown.removeIf([](const QMdiSubWindow* window) { return !window->isVisible(); });
-    const qsizetype count = shown.size();
-    if (count > 0) {
-        const qsizetype next = (shown.indexOf(area_->activeSubWindow()) + step + count) % count;
-        showView(qobject_cast<View*>(shown[next]->widget()));
-    }
-}
-
-void Mainform::closeActive()
-{
-    if (QMdiSubWindow* window = area_->activeSubWindow()) {
-        window->close();
-    }
-}
-
-void Mainform::arrange(Arrangement* arrangement)
-{
-    std::vector<QMdiSubWindow*> windows;
-    std::vector<QSize> sizes;
-    for (QMdiSubWindow* window : area_->subWindowList()) {
-        if (window->isVisible() && !window->isMinimized()) {
-            if (window->isMaximized()) {
-                window->showNormal();
-            }
-            windows.push_back(window);
-            sizes.push_back(window->size());
-        }
-    }
-    const std::vector<QPoint> places = arrangement(sizes, area_->viewport()->size());
-    for (std::size_t i = 0; i < windows.size(); ++i) {
-        windows[i]->move(places[i]);
-    }
-}
-
-/// Presses Alt for the author: the toolkit then remembers where the keys go back to.
-void Mainform::enterMenuBar()
-{
-    for (const auto kind : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent alt(kind, Qt::Key_Alt, Qt::AltModifier);
-        QApplication::sendEvent(this, &alt);
-    }
-}
-
-void Mainform::reveal(QWidget* control)
-{
-    QWidget* seen = area_->viewport();
-    if (control == nullptr || !seen->isAncestorOf(control) || QApplication::mouseButtons() != Qt::NoButton) {
-        return; // what a press of the mouse meets must not move under it
-    }
-    const QRect place(control->mapTo(seen, QPoint()), control->size());
-    const auto scroll = [](QScrollBar* bar, int before, int beyond) {
-        bar->setValue(bar->value() + (before < 0 ? before : std::clamp(beyond, 0, before)));
-    };
-    scroll(area_->horizontalScrollBar(), place.left(), place.right() - seen->rect().right());
-    scroll(area_->verticalScrollBar(), place.top(), place.bottom() - seen->rect().bottom());
 }
 
 void Mainform::showAcc()

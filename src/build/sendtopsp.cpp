@@ -55,6 +55,9 @@ QWidget* sendtopsp::options()
     auto* Frame2 = named<QGroupBox>("Frame2"_L1, u"Options"_s, surface());
     auto* Option2 = named<QRadioButton>("Option2"_L1, u"Use LuaPlayer 0.20"_s, Frame2);
     auto* Option1 = named<QRadioButton>("Option1"_L1, u"Don't Use LuaPlayer0.20"_s, Frame2);
+    for (QRadioButton* option : {Option2, Option1}) {
+        option->setToolTip(u"Not made so far: changes nothing"_s);
+    }
     auto* Label1 =
         textLabel("Label1"_L1,
                   u"The integrated LuaPlayer is planned for the PSP version 1.50, 2.71 and 3.xx OE, but "

@@ -35,9 +35,9 @@ void EventPanel::Command2_Click()
         messageBox(this, u"Nothing was saved: the project of this map is not open."_s);
         return; // the lines stay, for the time when it is opened again
     }
-    saveevent(openFile(), listev->lines());
     host_.enablePicture(true);
     host_.showPanel(false);
+    host_.saveEvent(ln->text().toInt(), co->text().toInt(), listev->lines());
 }
 
 void EventPanel::Command20_Click()

@@ -9,7 +9,9 @@
 #include <array>
 #include <QGroupBox>
 #include <string>
+#include <vector>
 
+class CutLabel;
 class LineList;
 class QComboBox;
 class QLabel;
@@ -34,9 +36,12 @@ public:
     /// written.
     virtual bool ownsProject() const = 0;
     virtual void showPanel(bool shown) = 0;
+    /// Lets the picture take clicks, and keys at once; or neither.
     virtual void enablePicture(bool enabled) = 0;
     /// The mark on the picture that gives the next click on a cell to the hero's move.
     virtual void setModeMark(const QString& mark) = 0;
+    /// Saves the lines of a cell, counted from 1, in the map that the view holds.
+    virtual void saveEvent(int row, int column, const std::vector<std::string>& lines) = 0;
 };
 
 /// The mode mark of a hero's move.
@@ -52,7 +57,7 @@ public:
     /// Opens the event of a cell, row and column counted from 1; the picture takes no clicks until the panel
     /// closes.
     void openCell(int row, int column);
-    /// Takes a cell as the hero's new position.
+    /// Takes a cell as the hero's new position; the keys go back to the lines.
     void placeHero(int row, int column);
 
 private:
@@ -122,7 +127,7 @@ private:
 
     QGroupBox* Frame9 = nullptr;
     QLabel* Label12 = nullptr;
-    QLabel* Label14 = nullptr;
+    CutLabel* Label14 = nullptr;
     ScrollBar* HScroll3 = nullptr;
     QPushButton* Command21 = nullptr;
 

@@ -3,6 +3,8 @@
 
 #include "maps/maplist.h"
 #include "toolkit/boxes.h"
+#include "toolkit/cutlabel.h"
+#include "toolkit/linelist.h"
 #include "toolkit/scrollbar.h"
 #include "toolkit/text.h"
 
@@ -57,6 +59,7 @@ void EventPanel::placeHero(int row, int column)
     host_.showPanel(true);
     host_.enablePicture(false);
     host_.setModeMark({});
+    listev->setFocus();
 }
 
 void EventPanel::Command19_Click()
@@ -75,7 +78,7 @@ void EventPanel::Command19_Click()
         return;
     }
     HScroll3->setBound(maps);
-    Label14->setText(shown(MapName(host_.heldMap())));
+    Label14->setValue(shown(MapName(host_.heldMap())));
 }
 
 void EventPanel::HScroll3_Change()
@@ -83,7 +86,7 @@ void EventPanel::HScroll3_Change()
     const std::string mapNumber = MapNumberText(HScroll3->value());
     if (host_.ownsProject()) {
         HScroll3->setBound(MapCount().value_or(0));
-        Label14->setText(shown(MapName(mapNumber)));
+        Label14->setValue(shown(MapName(mapNumber)));
     }
     Label12->setText(shown(mapNumber));
 }

@@ -194,8 +194,11 @@ void EventPanel::buildHpFrame()
     Frame10 = commandFrame("Frame10"_L1, u"Change the hero's HP"_s);
     QGridLayout* grid = gridOf(Frame10);
     const std::array captions = {u"Remove :"_s, u"Add :"_s, u"Replace with:"_s};
+    const std::array toolTips = {u"The hero loses the amount"_s, u"The hero gains the amount"_s,
+                                 u"The amount is what the hero has from then on"_s};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         Option2[i] = named<QRadioButton>(u"Option2_%1"_s.arg(i), captions[i], Frame10);
+        Option2[i]->setToolTip(toolTips[i]);
         grid->addWidget(Option2[i], static_cast<int>(i), 0);
     }
     Option2[0]->setChecked(true);
@@ -233,7 +236,9 @@ void EventPanel::buildConditionFrame()
     Frame7 = commandFrame("Frame7"_L1, u"Conditions"_s);
     QGridLayout* grid = gridOf(Frame7);
     Combo1 = choice("Combo1"_L1, u"Variable"_s, Frame7);
+    Combo1->setToolTip(u"The variable that the condition looks at"_s);
     Combo2 = choice("Combo2"_L1, u"Operator"_s, Frame7);
+    Combo2->setToolTip(u"Whether the variable has to be the value, or to differ from it"_s);
     Combo2->setPlaceholderText(u"=  : égal | ! : différent"_s);
     Combo2->addItems({u"="_s, u"!"_s});
     Combo2->setCurrentIndex(-1);
@@ -279,4 +284,5 @@ void EventPanel::connectControls()
     connect(HScroll3, &ScrollBar::valueChanged, this, &EventPanel::HScroll3_Change);
     connect(listev, &LineList::opened, this, &EventPanel::listev_DblClick);
     connect(List1, &LineList::chosen, this, &EventPanel::List1_Click);
+    List1->chooseBySteps();
 }

@@ -31,6 +31,7 @@ ScrollBar* pointsBar(const QString& name, const QString& accessibleName, int min
     bar->setValue(value);
     bar->setMinimumWidth(80);
     bar->setAccessibleName(accessibleName);
+    bar->setToolTip(u"Not kept so far; does not change the number beside it"_s);
     return bar;
 }
 
@@ -39,6 +40,7 @@ QLineEdit* field(const QString& name, const QString& text, const QString& access
     auto* edit = named<QLineEdit>(name, text, parent);
     edit->setMinimumWidth(60);
     edit->setAccessibleName(accessibleName);
+    edit->setToolTip(u"Not kept so far"_s);
     return edit;
 }
 
@@ -78,7 +80,7 @@ QWidget* combateditor::selectorStrip()
     HScroll1->setFixedWidth(selectorWidth);
     HScroll1->setAccessibleName(u"Fight"_s);
     Text1 = field(u"Text1"_s, {}, u"Name of the fight"_s, strip);
-    HScroll1->setToolTip(u"Shows the name of the next or the last fight"_s);
+    HScroll1->setToolTip(u"Shows the name of the next or the previous fight"_s);
     Text1->setToolTip(u"The name is shown only; what is typed here is not kept"_s);
     auto* Command1 = named<QPushButton>("Command1"_L1, u"New"_s, strip);
     Command1->setToolTip(u"Not made so far: does nothing"_s);
@@ -142,4 +144,5 @@ void combateditor::HScroll1_Change()
 {
     HScroll1->setBound(FightCount().value_or(0));
     Text1->setText(shown(FightTitle(HScroll1->value())));
+    Text1->setCursorPosition(0); // a long name is to be seen from its beginning
 }

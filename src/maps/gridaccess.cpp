@@ -3,6 +3,7 @@
 #include "maps/gridoverlay.h"
 #include "maps/gridpicture.h"
 
+#include <algorithm>
 #include <array>
 #include <QAccessibleWidget>
 #include <QPointer>
@@ -10,7 +11,7 @@
 namespace
 {
 
-constexpr int cellCount = MapModel::rows * MapModel::columns;
+constexpr int cellCount = MapModel::storedRows * MapModel::columns;
 
 class CellInterface : public QAccessibleInterface, public QAccessibleActionInterface
 {
@@ -136,10 +137,30 @@ private:
     mutable std::array<QAccessible::Id, cellCount> cells_ = {};
 };
 
+/// The marks tell those who see what the cells tell in words; they are not to be met beside them.
+class MarksInterface : public QAccessibleWidget
+{
+public:
+    explicit MarksInterface(GridOverlay* marks)
+        : QAccessibleWidget(marks, QAccessible::Graphic)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.invisible = true;
+        return state;
+    }
+};
+
 } // namespace
 
 QAccessibleInterface* gridInterface(const QString&, QObject* object)
 {
+    if (auto* marks = qobject_cast<GridOverlay*>(object)) {
+        return new MarksInterface(marks);
+    }
     auto* picture = qobject_cast<GridPicture*>(object);
     return picture == nullptr ? nullptr : new GridInterface(picture);
 }

@@ -5,5 +5,6 @@ class QAccessibleInterface;
 class QObject;
 class QString;
 
-/// The interface of a GridPicture; null for any other object. A factory in the toolkit's sense.
+/// The interface of a GridPicture, or of the GridOverlay over it; null for any other object. A factory in the
+/// toolkit's sense.
 QAccessibleInterface* gridInterface(const QString& className, QObject* object);

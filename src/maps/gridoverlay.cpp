@@ -1,7 +1,10 @@
 #include "maps/gridoverlay.h"
 
+#include "maps/gridaccess.h"
+#include "maps/gridpicture.h"
 #include "toolkit/metrics.h"
 
+#include <QAccessible>
 #include <QPainter>
 
 namespace
@@ -63,8 +66,9 @@ bool isMarked(Cell cell)
 
 QRect cellPlace(Cell cell)
 {
-    return pxRect((cell.column - 1) * MapModel::cellWidth, (cell.row - 1) * MapModel::cellHeight,
-                  MapModel::cellWidth, MapModel::cellHeight);
+    const QRect place = pxRect((cell.column - 1) * MapModel::cellWidth, (cell.row - 1) * MapModel::cellHeight,
+                               MapModel::cellWidth, MapModel::cellHeight);
+    return place & QRect(QPoint(), GridPicture::pixels);
 }
 
 GridOverlay::GridOverlay(QWidget* parent)
@@ -72,6 +76,7 @@ GridOverlay::GridOverlay(QWidget* parent)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_NoSystemBackground);
+    QAccessible::installFactory(gridInterface);
 }
 
 void GridOverlay::setMarks(const GridMarks& marks)

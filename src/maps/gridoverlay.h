@@ -1,7 +1,7 @@
 /// The marks that lie over the picture of a map's grid. The picture beneath does not know of them.
 #pragma once
 
-#include "maps/eventmarks.h"
+#include "events/eventmarks.h"
 
 #include <QWidget>
 
@@ -33,5 +33,5 @@ private:
     GridMarks marks_;
 };
 
-/// The place of a cell on the picture, in pixels.
+/// The place of a cell on the picture, in pixels; the part of the ninth row that the picture has room for.
 QRect cellPlace(Cell cell);

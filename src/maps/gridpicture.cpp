@@ -4,6 +4,7 @@
 #include "maps/tilepictures.h"
 #include "maps/tileset.h"
 #include "store/numbers.h"
+#include "toolkit/keys.h"
 #include "toolkit/metrics.h"
 
 #include <algorithm>
@@ -17,7 +18,6 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr QSize pictureSize(px(7215), px(3735));
 constexpr int markInset = 75;      // twips
 constexpr int markFontPixels = 19; // 14 points at 96 to the inch
 
@@ -39,37 +39,6 @@ bool sameText(const std::optional<std::string>& a, const std::optional<std::stri
         }
     }
     return true;
-}
-
-/// Knows whether the author is at the keyboard or at the mouse.
-class InputWatch : public QObject
-{
-public:
-    explicit InputWatch(QObject* application)
-        : QObject(application)
-    {
-        application->installEventFilter(this);
-    }
-
-    bool keysCameLast() const { return keysCameLast_; }
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
-            keysCameLast_ = event->type() == QEvent::KeyPress;
-        }
-        return false;
-    }
-
-private:
-    bool keysCameLast_ = false;
-};
-
-const InputWatch& inputWatch()
-{
-    static const auto* watch = new InputWatch(qApp); // the application's, whatever the number of pictures
-    return *watch;
 }
 
 /// The cell under the pointer; row 0 when there is none.
@@ -94,15 +63,14 @@ bool lookSame(const MapModel& a, const MapModel& b)
 
 GridPicture::GridPicture(QWidget* parent)
     : QWidget(parent)
-    , canvas_(pictureSize, QImage::Format_RGB32)
+    , canvas_(pixels, QImage::Format_ARGB32_Premultiplied)
 {
-    canvas_.fill(palette().color(QPalette::Window));
-    setFixedSize(pictureSize);
+    canvas_.fill(Qt::transparent);
+    setFixedSize(pixels);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     QAccessible::installFactory(gridInterface); // once, however often it is asked for
-    inputWatch();
 }
 
 void GridPicture::draw(const MapModel& map, const std::string& tileset, MarkPlace marks)
@@ -163,7 +131,9 @@ const QImage* GridPicture::tile(const std::optional<std::string>& code)
 
 void GridPicture::paintEvent(QPaintEvent*)
 {
-    QPainter(this).drawImage(QPoint(), canvas_);
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().window()); // of this moment: the desktop may turn dark
+    painter.drawImage(QPoint(), canvas_);
 }
 
 void GridPicture::mousePressEvent(QMouseEvent* event)
@@ -215,7 +185,7 @@ void GridPicture::press(Cell cell)
 
 void GridPicture::walkTo(Cell cell)
 {
-    current_ = {std::clamp(cell.row, 1, MapModel::rows), std::clamp(cell.column, 1, MapModel::columns)};
+    current_ = {std::clamp(cell.row, 1, MapModel::storedRows), std::clamp(cell.column, 1, MapModel::columns)};
     announce(QAccessible::Focus);
     Q_EMIT walked();
 }
@@ -267,7 +237,7 @@ void GridPicture::keyPressEvent(QKeyEvent* event)
 
 void GridPicture::focusInEvent(QFocusEvent*)
 {
-    walked_ = inputWatch().keysCameLast();
+    walked_ = keysCameLast();
     announce(QAccessible::Focus);
     Q_EMIT walked();
 }

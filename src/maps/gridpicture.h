@@ -2,6 +2,7 @@
 #pragma once
 
 #include "maps/mapmodel.h"
+#include "toolkit/metrics.h"
 
 #include <functional>
 #include <optional>
@@ -20,6 +21,8 @@ public:
     /// Where the mark of a blocked cell stands within its cell.
     enum class MarkPlace { Corner, Inset };
 
+    static constexpr QSize pixels{px(7215), px(3735)};
+
     explicit GridPicture(QWidget* parent);
 
     /// Paints rows 1 to 8 over what was there. A slot never set is tile 0; a cell whose tile cannot be drawn
@@ -30,7 +33,7 @@ public:
     void setTeller(std::function<QString(Cell)> teller) { teller_ = std::move(teller); }
     QString words(Cell cell) const { return teller_ ? teller_(cell) : QString(); }
 
-    /// The cell that the arrow keys walked to, or that was clicked last; within rows 1 to 8.
+    /// The cell that the arrow keys walked to, or that was clicked last; the ninth row is among them.
     Cell currentCell() const { return current_; }
     /// Whether the author is at the keyboard: the current cell is then to be seen.
     bool isWalked() const { return walked_ && hasFocus(); }
@@ -40,7 +43,7 @@ public:
     /// A press on the middle of a cell.
     void press(Cell cell);
 
-    /// What the picture shows, 481 × 249 pixels.
+    /// What was drawn; clear where nothing was.
     const QImage& canvas() const { return canvas_; }
 
 Q_SIGNALS:

@@ -5,7 +5,6 @@
 #include "toolkit/boxes.h"
 #include "toolkit/text.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -27,6 +26,7 @@ mapeditor::mapeditor(Workspace& workspace)
     connectChoosers();
     connectMarks();
     connectUndo();
+    addToolTips();
     Timer1->start();
 }
 
@@ -48,6 +48,12 @@ void mapeditor::open()
 void mapeditor::setMapField(const std::string& mapNumber)
 {
     Label1->setText(shown(mapNumber));
+}
+
+void mapeditor::activated()
+{
+    events_.reset();
+    showWords();
 }
 
 std::string mapeditor::mapField() const
@@ -82,6 +88,7 @@ void mapeditor::loadmap()
     const std::string mapText = ReadWholeFile(MapFile(number));
     const std::string blockText = ReadWholeFile(BlockFile(number));
     Text1->setText(shown(MapName(number)));
+    Text1->setCursorPosition(0); // a long name is to be seen from its beginning
     Label4->setText(shown(HeroStartColumn(mapText)));
     Label5->setText(shown(HeroStartRow(mapText)));
     currentMap_ = number;
@@ -128,18 +135,17 @@ void mapeditor::drawmap()
 
 void mapeditor::showPanel(bool shown)
 {
-    if (!shown && Frame6->isAncestorOf(QApplication::focusWidget())) {
-        CarteImg->setFocus(); // back to where the keyboard opened the cell
-    }
     fitSurface(shown);
     fitWindow();
-    events_.reset();
-    showChange();
+    showWords();
 }
 
 void mapeditor::enablePicture(bool enabled)
 {
     CarteImg->setEnabled(enabled);
+    if (enabled) {
+        CarteImg->setFocus(); // what it was enabled for is a click on it
+    }
 }
 
 void mapeditor::setModeMark(const QString& mark)

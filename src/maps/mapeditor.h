@@ -1,8 +1,8 @@
 /// The map editor view: one map of the project it was loaded from, painted by clicks and saved after each.
 #pragma once
 
+#include "events/eventmarks.h"
 #include "events/eventpanel.h"
-#include "maps/eventmarks.h"
 #include "maps/gridpicture.h"
 #include "maps/mapmodel.h"
 #include "maps/undo.h"
@@ -11,6 +11,7 @@
 #include <array>
 #include <string>
 
+class CutLabel;
 class GridOverlay;
 class PressLabel;
 class QTimer;
@@ -28,6 +29,8 @@ public:
     void open();
     /// Writes the map field, the MapNumberText of the map to load.
     void setMapField(const std::string& mapNumber);
+    /// Another view may have saved an event meanwhile: marks and words are read anew.
+    void activated() override;
 
     /// Loads and draws the map that the map field names; the view then belongs to the current project. A
     /// missing or empty map file is reported, and the grid keeps what it holds. While no project is open
@@ -53,6 +56,7 @@ private:
     void buildMenus();
     void buildMapChooser();
     void buildTilesets();
+    void addToolTips();
     void connectButtons();
     void connectChoosers();
     void fitSurface(bool withPanel);
@@ -82,6 +86,8 @@ private:
     Cell startCell() const;
     QString words(Cell cell);
     void showMarks();
+    /// Shows marks and the words at the foot.
+    void showWords();
     /// Shows what became of the map: marks, words, and for screen readers.
     void showChange();
     /// Shows a message at the foot until something else is to be told there.
@@ -95,6 +101,7 @@ private:
     StepRecorder recordReset() const;
     /// Ends what changed the map: shows it and remembers it as a step of this name.
     void keepStep(const StepRecorder& recorder, std::string name);
+    void sayRemembered(Remembered remembered);
     void undo();
     void redo();
     void takeStep(UndoResult (UndoHistory::*take)(std::string_view, MapModel&, HeroStart&),
@@ -118,6 +125,7 @@ private:
     void showPanel(bool shown) override;
     void enablePicture(bool enabled) override;
     void setModeMark(const QString& mark) override;
+    void saveEvent(int row, int column, const std::vector<std::string>& lines) override;
 
     std::string mapField() const;
     /// The tileset number of the map in the map field, as the descriptor has it.
@@ -131,6 +139,7 @@ private:
     std::string chooserTileset_; ///< the tileset that the tile chooser shows
 
     UndoHistory history_;           ///< of every map that the view held
+    bool toldForgetting_ = false;   ///< whether the author knows that the oldest steps went
     Cell pointed_;                  ///< the cell under the pointer
     Cell told_;                     ///< the cell whose words stand at the foot
     Cell openCell_;                 ///< the cell that the event panel was opened for last
@@ -167,7 +176,7 @@ private:
 
     QGroupBox* Frame1 = nullptr;
     QLabel* Label1 = nullptr;
-    QLabel* Label3 = nullptr;
+    CutLabel* Label3 = nullptr;
     ScrollBar* HScroll1 = nullptr;
     QPushButton* Command1 = nullptr;
 

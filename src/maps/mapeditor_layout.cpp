@@ -3,6 +3,7 @@
 
 #include "maps/gridoverlay.h"
 #include "maps/tilepalette.h"
+#include "toolkit/cutlabel.h"
 #include "toolkit/entry.h"
 #include "toolkit/metrics.h"
 #include "toolkit/scrollbar.h"
@@ -30,7 +31,8 @@ constexpr QSize tileSize(28, 29);
 constexpr QRect footLinePlace(4, 266, 696, 20); // below the bar under the picture
 constexpr QRect palettePlace(506, 8, 192, 252); // between the picture and "Configuration"
 
-/// A place among the texts, which grow with the author's letters; the picture does not.
+/// A place among the texts. With larger letters it moves and grows by as much as its text needs, lest texts
+/// be cut or lie over each other; with the usual ones it is where the twips say. The picture does not grow.
 QRect grown(const QRect& place)
 {
     const qreal scale = letterScale();
@@ -86,7 +88,6 @@ void mapeditor::buildPalette()
     palette_ = named<TilePalette>("Palette"_L1, surface());
     palette_->setGeometry(palettePlace);
     palette_->setAccessibleName(u"Tiles"_s);
-    palette_->setToolTip(u"Click a tile to paint with it"_s);
 }
 
 void mapeditor::buildConfiguration()
@@ -153,7 +154,7 @@ void mapeditor::buildMapChooser()
     Frame1 = at(named<QGroupBox>("Frame1"_L1, u"Load a map"_s, surface()), px(12960), px(2040), 160, 62);
     at(textLabel("Label2"_L1, u"Map No. :"_s, Frame1), 6, 19, 54, 16);
     Label1 = at(textLabel("Label1"_L1, u"01"_s, Frame1), 61, 19, 36, 16);
-    Label3 = at(textLabel("Label3"_L1, u"Unnamed"_s, Frame1), 98, 19, 58, 16);
+    Label3 = at(named<CutLabel>("Label3"_L1, u"Unnamed"_s, Frame1), 98, 19, 58, 16);
     HScroll1 = at(bar("HScroll1"_L1, u"Map to load"_s, 1, boundBeforeFirstChange, Frame1), 6, 40, 108, 16);
     Command1 = at(named<QPushButton>("Command1"_L1, u"OK"_s, Frame1), 118, 37, 36, 22);
     Frame1->hide();
@@ -183,6 +184,36 @@ void mapeditor::fitSurface(bool withPanel)
     Frame6->setVisible(withPanel);
     surface()->setMinimumSize(std::max(closed.width(), panel.right() + panel.left()),
                               withPanel ? panel.bottom() + 1 + foot : closed.height());
+}
+
+void mapeditor::addToolTips()
+{
+    const std::pair<QWidget*, QString> toolTips[] = {
+        {palette_, u"Click a tile to paint with it"_s},
+        {HScroll4, u"Moves nothing so far: the map shows all its columns"_s},
+        {VScroll1, u"Moves nothing so far: the map shows all its rows"_s},
+        {Command4, u"Shows loading and making maps; a second click hides them"_s},
+        {Option1[0], u"A click on the map paints the chosen tile"_s},
+        {Option1[1], u"A click on the map blocks a cell, or frees it"_s},
+        {Option1[2], u"A click on the map opens the event of a cell"_s},
+        {Image5, u"The chosen tile; a click sets the mode to Picture"_s},
+        {Choixtext, u"Chooses the tile to paint with, and the mode Picture"_s},
+        {Command9, u"The next click on the map is where the hero starts"_s},
+        {Text1, u"The name of this map; the next click on the map saves it"_s},
+        {HScroll5, u"Sets how far the bar below the map goes; the map keeps 17 columns"_s},
+        {HScroll6, u"Sets how far the bar beside the map goes; the map keeps its rows"_s},
+        {Command11, u"Shows the tilesets to choose from; a second click hides them"_s},
+        {Command10, u"Empties the map and its events. On the map, Ctrl+Z takes back the last click "
+                    u"or reset, Ctrl+Y does it again"_s},
+        {Command6, u"Shows the maps to choose from; a second click hides them"_s},
+        {Command5, u"Adds a map to the project and loads it"_s},
+        {HScroll1, u"Chooses the map to load"_s},
+        {Command1, u"Loads the chosen map"_s},
+        {HScroll2, u"Shows the first tiles of each tileset"_s},
+        {Command14, u"Gives the map this tileset"_s}};
+    for (const auto& [control, toolTip] : toolTips) {
+        control->setToolTip(toolTip);
+    }
 }
 
 void mapeditor::connectButtons()

@@ -5,6 +5,7 @@
 #include "maps/tilepictures.h"
 #include "maps/tileset.h"
 #include "toolkit/boxes.h"
+#include "toolkit/cutlabel.h"
 #include "toolkit/scrollbar.h"
 #include "toolkit/text.h"
 
@@ -44,7 +45,7 @@ void mapeditor::HScroll1_Change()
     const std::string mapNumber = MapNumberText(HScroll1->value());
     if (ownsProject()) {
         HScroll1->setBound(MapCount().value_or(0));
-        Label3->setText(shown(MapName(mapNumber)));
+        Label3->setValue(shown(MapName(mapNumber)));
     }
     setMapField(mapNumber);
 }

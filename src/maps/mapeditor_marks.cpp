@@ -29,7 +29,7 @@ void mapeditor::CarteImg_Pointed(Cell cell)
 {
     pointed_ = cell;
     told_ = cell.row == 0 && CarteImg->isWalked() ? CarteImg->currentCell() : cell;
-    showChange();
+    showWords(); // the map is as it was: a screen reader has nothing to tell anew
 }
 
 void mapeditor::CarteImg_Walked()
@@ -39,8 +39,7 @@ void mapeditor::CarteImg_Walked()
         const QPoint middle = cellPlace(told_).center();
         ensureVisible(middle.x(), middle.y());
     }
-    showMarks();
-    footLine_->setText(words(told_));
+    showWords();
 }
 
 void mapeditor::palette_Picked(int tile)
@@ -99,10 +98,15 @@ void mapeditor::showMarks()
     overlay_->setMarks(marks);
 }
 
-void mapeditor::showChange()
+void mapeditor::showWords()
 {
     showMarks();
     footLine_->setText(words(told_));
+}
+
+void mapeditor::showChange()
+{
+    showWords();
     CarteImg->announceChange();
 }
 

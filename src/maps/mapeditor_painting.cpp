@@ -106,6 +106,7 @@ void mapeditor::Command9_Click()
 {
     messageBox(this, u"Click the box to the starting position of the hero on this map"_s);
     setTag(Command9, u"True"_s);
+    CarteImg->setFocus();
 }
 
 void mapeditor::Command10_Click()

@@ -5,7 +5,9 @@
 #include "maps/maplist.h"
 #include "toolkit/text.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -15,7 +17,11 @@ void mapeditor::connectUndo()
     const auto onKeys = [this](const char* keys, void (mapeditor::*handler)()) {
         auto* shortcut = new QShortcut(QKeySequence(QLatin1StringView(keys)), this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, this, handler);
+        connect(shortcut, &QShortcut::activated, this, [this, handler] {
+            if (QApplication::activeModalWidget() == nullptr) { // keys can be faster than a box
+                (this->*handler)();
+            }
+        });
     };
     onKeys("Ctrl+Z", &mapeditor::undo);
     onKeys("Ctrl+Y", &mapeditor::redo);
@@ -34,7 +40,7 @@ std::string mapeditor::historyKey() const
 
 StepRecorder mapeditor::recordClick() const
 {
-    return {map_, heroStart(), {BlockFile(currentMap_), MapFile(currentMap_)}};
+    return {map_, heroStart(), {BlockFile(currentMap_), MapFile(currentMap_)}, "Carte" + currentMap_};
 }
 
 StepRecorder mapeditor::recordReset() const
@@ -57,9 +63,26 @@ void mapeditor::keepStep(const StepRecorder& recorder, std::string name)
     }
     step->map = historyKey();
     step->name = std::move(name);
-    if (!history_.add(std::move(*step))) {
+    sayRemembered(history_.add(std::move(*step)));
+}
+
+void mapeditor::sayRemembered(Remembered remembered)
+{
+    if (remembered == Remembered::Nothing) {
         say(u"This cannot be undone: there is too much to remember."_s);
+    } else if (remembered == Remembered::NotTheOldest && !toldForgetting_) {
+        toldForgetting_ = true; // each further step drops one, too
+        say(u"The oldest steps can no longer be undone."_s);
     }
+}
+
+void mapeditor::saveEvent(int row, int column, const std::vector<std::string>& lines)
+{
+    const Path file = eventpath(currentMap_, row, column);
+    const StepRecorder before(map_, heroStart(), {file});
+    saveevent(file, lines);
+    events_.reset();
+    keepStep(before, "Event of row " + std::to_string(row) + ", column " + std::to_string(column));
 }
 
 void mapeditor::undo()
@@ -86,6 +109,9 @@ void mapeditor::takeStep(UndoResult (UndoHistory::*take)(std::string_view, MapMo
     const UndoResult result = (history_.*take)(historyKey(), map_, start);
     Label4->setText(shown(start.column));
     Label5->setText(shown(start.row));
+    if (result.mapName) {
+        Text1->setText(shown(*result.mapName));
+    }
     drawmap();
     events_.reset();
     showChange();
@@ -100,7 +126,7 @@ void mapeditor::sayOutcome(const UndoResult& result, const QString& word)
     case UndoOutcome::Done:
         return say(u"%1: %2."_s.arg(shown(result.name), word));
     case UndoOutcome::ChangedElsewhere:
-        return say(u"Not %1: this map was changed elsewhere."_s.arg(word));
+        return say(u"Not %1: this map was changed elsewhere. Load it again to see it."_s.arg(word));
     case UndoOutcome::NotWritten:
         return say(u"Not wholly %1: a file cannot be written."_s.arg(word));
     }

@@ -4,6 +4,7 @@
 #include "maps/tileset.h"
 
 #include <algorithm>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -17,6 +18,46 @@ constexpr QSize tileSize(28, 29);
 constexpr int margin = 3; // pixels on each side of a tile, for the outline
 constexpr QSize fieldSize(tileSize.width() + 2 * margin, tileSize.height() + 2 * margin);
 
+/// The palette as a screen reader meets it: one value, the number of the chosen tile, that its keys change.
+class PaletteInterface : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit PaletteInterface(TilePalette* palette)
+        : QAccessibleWidget(palette, QAccessible::Slider)
+        , palette_(palette)
+    {
+    }
+
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+    QVariant currentValue() const override { return palette_->chosen(); }
+    QVariant minimumValue() const override { return 1; }
+    QVariant maximumValue() const override { return palette_->count(); }
+    QVariant minimumStepSize() const override { return 1; }
+    void setCurrentValue(const QVariant& value) override
+    {
+        if (const int tile = value.toInt(); tile >= 1 && tile <= palette_->count()) {
+            Q_EMIT palette_->picked(tile);
+        }
+    }
+
+private:
+    TilePalette* palette_;
+};
+
+QAccessibleInterface* paletteInterface(const QString&, QObject* object)
+{
+    auto* palette = qobject_cast<TilePalette*>(object);
+    return palette == nullptr ? nullptr : new PaletteInterface(palette);
+}
+
 } // namespace
 
 TilePalette::TilePalette(QWidget* parent)
@@ -27,6 +68,7 @@ TilePalette::TilePalette(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Window);
     verticalScrollBar()->setSingleStep(fieldSize.height());
+    QAccessible::installFactory(paletteInterface); // once; the toolkit knows it the next time
 }
 
 void TilePalette::setTiles(const std::string& tileset, int count, int chosen)
@@ -41,6 +83,10 @@ void TilePalette::setTiles(const std::string& tileset, int count, int chosen)
     fitScrollBar();
     bringIntoSight();
     viewport()->update();
+    if (QAccessible::isActive()) {
+        QAccessibleValueChangeEvent event(this, chosen);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 int TilePalette::perRow() const
@@ -83,10 +129,16 @@ void TilePalette::bringIntoSight()
 void TilePalette::paintEvent(QPaintEvent*)
 {
     QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Mid));
     const int first = verticalScrollBar()->value() / fieldSize.height() * perRow() + 1;
     const int rows = viewport()->height() / fieldSize.height() + 2;
     for (int tile = first; tile < first + rows * perRow() && tile <= count_; ++tile) {
-        painter.drawImage(placeOf(tile), tilePicture(TilePicture(tileset_, tile)));
+        const QImage& picture = tilePicture(TilePicture(tileset_, tile));
+        if (picture.isNull()) {
+            painter.drawRect(placeOf(tile)); // there is a tile, though nobody sees what it looks like
+        } else {
+            painter.drawImage(placeOf(tile), picture);
+        }
     }
     const QRect place = placeOf(chosen_);
     painter.setPen(QPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::WindowText), 2));

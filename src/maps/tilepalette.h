@@ -14,6 +14,9 @@ public:
     /// Shows tiles 1 to `count` of a tileset, `chosen` of them outlined. Only those in sight are loaded.
     void setTiles(const std::string& tileset, int count, int chosen);
 
+    int count() const { return count_; }
+    int chosen() const { return chosen_; }
+
     /// The place of a tile on the viewport, in pixels; beyond it when the tile is scrolled out of sight.
     QRect placeOf(int tile) const;
 

@@ -11,6 +11,7 @@ namespace
 
 constexpr std::size_t before = 0;
 constexpr std::size_t after = 1;
+constexpr std::string_view nameKey = "nom";
 
 FileMark read(const Path& path, std::string& content)
 {
@@ -93,16 +94,40 @@ bool carryOut(const Replacement& replacement)
     return !failure;
 }
 
-/// All files are looked at before the first is written.
-UndoOutcome restoreFiles(const UndoStep& step, std::size_t wanted)
+/// Whether the name is what the step left, or already what is wanted.
+bool isNameKnown(const NameChange& renaming)
 {
+    const std::string found = ReadIni(renaming.section, nameKey, Descriptor());
+    return found == renaming.names[before] || found == renaming.names[after];
+}
+
+bool rename(const NameChange& renaming, std::size_t wanted)
+{
+    const std::string& name = renaming.names[wanted];
+    for (const std::string& value : {name, '"' + name + '"'}) { // a name may begin with a blank or a quote
+        WriteIni(renaming.section, nameKey, value, Descriptor());
+        if (ReadIni(renaming.section, nameKey, Descriptor()) == name) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// All is looked at before anything is written.
+UndoOutcome restore(const UndoStep& step, std::size_t wanted)
+{
+    if (step.renaming && !isNameKnown(*step.renaming)) {
+        return UndoOutcome::ChangedElsewhere;
+    }
     std::vector<Replacement> plans;
     for (const FileChange& change : step.files) {
         if (const UndoOutcome outcome = plan(change, wanted, plans); outcome != UndoOutcome::Done) {
             return outcome;
         }
     }
-    return std::all_of(plans.begin(), plans.end(), carryOut) ? UndoOutcome::Done : UndoOutcome::NotWritten;
+    const bool written = std::all_of(plans.begin(), plans.end(), carryOut) &&
+                         (!step.renaming || rename(*step.renaming, wanted));
+    return written ? UndoOutcome::Done : UndoOutcome::NotWritten;
 }
 
 bool isOf(const UndoStep& step, std::string_view mapName)
@@ -121,12 +146,19 @@ std::size_t UndoStep::size() const
         bytes += change.parts[before].capacity() + change.parts[after].capacity();
         bytes += change.name.capacity() * sizeof(Path::value_type);
     }
+    if (renaming) {
+        bytes += renaming->section.capacity() + renaming->names[before].capacity() +
+                 renaming->names[after].capacity();
+    }
     return bytes;
 }
 
-StepRecorder::StepRecorder(const MapModel& map, HeroStart start, const std::vector<Path>& files)
+StepRecorder::StepRecorder(const MapModel& map, HeroStart start, const std::vector<Path>& files,
+                           std::string section)
     : map_(map)
     , start_(std::move(start))
+    , section_(std::move(section))
+    , name_(section_.empty() ? std::string() : ReadIni(section_, nameKey, Descriptor()))
 {
     files_.reserve(files.size());
     for (const Path& path : files) {
@@ -155,24 +187,36 @@ std::optional<UndoStep> StepRecorder::finish(const MapModel& map, const HeroStar
         keepDifference(change, found.content, content);
         changed = changed || change.marks[before] != change.marks[after];
     }
+    if (!section_.empty()) {
+        std::string name = ReadIni(section_, nameKey, Descriptor());
+        if (name != name_) {
+            step.renaming = {section_, {name_, std::move(name)}};
+            changed = true;
+        }
+    }
     return changed ? std::optional(std::move(step)) : std::nullopt;
 }
 
-bool UndoHistory::add(UndoStep step)
+Remembered UndoHistory::add(UndoStep step)
 {
-    dropUndone(step.map);
+    drop(undone_, step.map);
     const std::size_t size = step.size();
+    if (size > limit_) {
+        drop(done_, step.map); // nothing before it can be reached any more
+        return Remembered::Nothing;
+    }
     size_ += size;
     done_.push_back(std::move(step));
+    const bool whole = size_ <= limit_;
     while (size_ > limit_) {
         dropOldest();
     }
-    return size <= limit_;
+    return whole ? Remembered::All : Remembered::NotTheOldest;
 }
 
-void UndoHistory::dropUndone(std::string_view mapName)
+void UndoHistory::drop(Steps& steps, std::string_view mapName)
 {
-    std::erase_if(undone_, [&](const UndoStep& step) {
+    std::erase_if(steps, [&](const UndoStep& step) {
         const bool gone = isOf(step, mapName);
         size_ -= gone ? step.size() : 0;
         return gone;
@@ -204,7 +248,7 @@ UndoResult UndoHistory::move(Steps& from, Steps& to, std::size_t wanted, std::st
     if (last == from.rend()) {
         return {};
     }
-    const UndoResult result{restoreFiles(*last, wanted), last->name};
+    UndoResult result{restore(*last, wanted), last->name, {}};
     if (result.outcome != UndoOutcome::Done) {
         return result;
     }
@@ -213,6 +257,9 @@ UndoResult UndoHistory::move(Steps& from, Steps& to, std::size_t wanted, std::st
     }
     if (!last->starts.empty()) {
         start = last->starts[wanted];
+    }
+    if (last->renaming) {
+        result.mapName = last->renaming->names[wanted];
     }
     to.push_back(std::move(*last));
     from.erase(std::next(last).base());

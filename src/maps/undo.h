@@ -47,13 +47,20 @@ struct SlotChange {
     std::array<std::optional<std::string>, 2> texts;
 };
 
-/// One click, or a reset.
+/// How the name of a map changed. Its key alone is written: the descriptor holds much else.
+struct NameChange {
+    std::string section; ///< of the descriptor
+    std::array<std::string, 2> names;
+};
+
+/// One click, a reset, or an event that was saved.
 struct UndoStep {
     std::string map;  ///< the map that it belongs to; any text
     std::string name; ///< what it was, for the author
     std::vector<SlotChange> slots;
     std::vector<HeroStart> starts; ///< two; none when the start stayed
     std::vector<FileChange> files; ///< also those that came out as they were
+    std::optional<NameChange> renaming;
 
     /// Memory that it takes, in bytes.
     std::size_t size() const;
@@ -63,8 +70,10 @@ struct UndoStep {
 class StepRecorder
 {
 public:
-    /// files: those of the current project that the click may change; read now. Empty paths are passed over.
-    StepRecorder(const MapModel& map, HeroStart start, const std::vector<Path>& files);
+    /// files:   those of the current project that the click may change; read now. Empty paths are passed
+    /// over. section: the descriptor's section whose name the click may change; empty when it changes none.
+    StepRecorder(const MapModel& map, HeroStart start, const std::vector<Path>& files,
+                 std::string section = {});
 
     /// Reads the files again. Nothing when the click changed nothing.
     std::optional<UndoStep> finish(const MapModel& map, const HeroStart& start) const;
@@ -79,18 +88,28 @@ private:
     MapModel map_;
     HeroStart start_;
     std::vector<Found> files_;
+    std::string section_;
+    std::string name_;
 };
 
 enum class UndoOutcome {
     Nothing,          ///< there is no step left
-    Done,             ///< map, start and files are what they were
-    ChangedElsewhere, ///< a file is not what the step left; nothing was written
+    Done,             ///< map, start, files and name are what they were
+    ChangedElsewhere, ///< a file or the name is not what the step left; nothing was written
     NotWritten        ///< a file could not be written; some may be, and trying again does the rest
 };
 
 struct UndoResult {
     UndoOutcome outcome = UndoOutcome::Nothing;
-    std::string name; ///< of the step
+    std::string name;                   ///< of the step
+    std::optional<std::string> mapName; ///< the map's name from now on, when the step changed it
+};
+
+/// What became of the steps when one more was added.
+enum class Remembered {
+    All,
+    NotTheOldest, ///< the oldest had to go
+    Nothing       ///< the new one alone takes too much: it is forgotten, and all before it on its map
 };
 
 /// The steps of the maps that one view held, each map's own in the order in which they were done. They take
@@ -98,16 +117,15 @@ struct UndoResult {
 class UndoHistory
 {
 public:
-    static constexpr std::size_t usualLimit = 4 * 1024 * 1024; // bytes
+    static constexpr std::size_t usualLimit = std::size_t{4} * 1024 * 1024; // bytes
 
     explicit UndoHistory(std::size_t limit = usualLimit)
         : limit_(limit)
     {
     }
 
-    /// Adds a step; what was taken back on its map cannot be done again from now on. False when the step
-    /// alone takes more than the limit: it is forgotten, and all before it.
-    bool add(UndoStep step);
+    /// Adds a step; what was taken back on its map cannot be done again from now on.
+    Remembered add(UndoStep step);
 
     /// Takes the last step on a map back, or does again the one taken back last. The project that the steps
     /// were recorded in must be the current one. Unless Done, map and start stay as they are and so do the
@@ -120,7 +138,7 @@ private:
 
     UndoResult move(Steps& from, Steps& to, std::size_t wanted, std::string_view mapName, MapModel& map,
                     HeroStart& start);
-    void dropUndone(std::string_view mapName);
+    void drop(Steps& steps, std::string_view mapName);
     void dropOldest();
 
     std::size_t limit_;

@@ -104,8 +104,8 @@ void Controlpanel::buildMenu(QVBoxLayout* parts)
         Label9[i]->setFocusPolicy(Qt::TabFocus);
         for (PressLabel* part : {Image1[i], Label9[i]}) {
             part->setAccessibleName(entries[i].caption);
-            part->setToolTip(entries[i].toolTip);
         }
+        Label9[i]->setToolTip(entries[i].toolTip); // a click on the icon leads nowhere
         joinPressFeedback(Image1[i], Label9[i]);
         connect(Label9[i], &PressLabel::clicked, this, [this, i] { Label9_Click(i); });
         const int row = static_cast<int>(i) + 1;

@@ -24,6 +24,7 @@ nouvprojet::nouvprojet(Workspace& workspace)
     Text1->setToolTip(u"The name of the game and of its folder"_s);
     Text2 = named<QLineEdit>("Text2"_L1, u"Kestrel"_s, surface());
     Text2->setAccessibleName(u"Project's Creator"_s);
+    Text2->setToolTip(u"Who makes the game; the control panel shows it"_s);
     auto* Command1 = named<QPushButton>("Command1"_L1, u"Create!"_s, surface());
     Command1->setToolTip(u"Makes the project with its first map and opens it"_s);
     connect(Command1, &QPushButton::clicked, this, &nouvprojet::Command1_Click);

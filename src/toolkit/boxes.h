@@ -1,4 +1,5 @@
-/// The modal boxes of the system. Their title is the application's unless another is given.
+/// The modal boxes of the system. Their title is the application's unless another is given. A key held down
+/// since before a box opened does not answer it.
 #pragma once
 
 #include <QString>

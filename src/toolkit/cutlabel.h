@@ -10,6 +10,9 @@ class CutLabel : public QLabel
 public:
     CutLabel(const QString& text, QWidget* parent);
 
+    /// Shows a value; the tooltip tells more of it than fits.
+    void setValue(const QString& value);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 };

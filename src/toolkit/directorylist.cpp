@@ -27,13 +27,26 @@ QStringList withAncestors(const QString& path)
     return folders;
 }
 
+/// Looks the same on a line that is selected, where the style would tint it with the ground's own colour.
+QIcon untinted(const QIcon& icon, const QSize& size)
+{
+    QIcon same;
+    for (const auto mode : {QIcon::Normal, QIcon::Selected}) {
+        same.addPixmap(icon.pixmap(size), mode);
+        same.addPixmap(icon.pixmap(size * 2), mode); // for screens of a larger scale
+    }
+    return same;
+}
+
 } // namespace
 
 DirectoryList::DirectoryList(QWidget* parent)
     : QListWidget(parent)
 {
-    const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    setIconSize({iconSize, iconSize});
+    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    setIconSize({side, side});
+    open_ = untinted(style()->standardIcon(QStyle::SP_DirOpenIcon), iconSize());
+    closed_ = untinted(style()->standardIcon(QStyle::SP_DirIcon), iconSize());
     setUniformItemSizes(true);
 }
 
@@ -63,9 +76,8 @@ bool DirectoryList::setPath(const QString& path)
 void DirectoryList::addFolder(const QString& name, const QString& path, int depth)
 {
     constexpr int stepsShown = 8; // deeper folders would leave no room for their names
-    const auto icon = path_.startsWith(path) ? QStyle::SP_DirOpenIcon : QStyle::SP_DirIcon;
     const QString indent = u"  "_s.repeated(std::min(depth, stepsShown));
-    auto* item = new QListWidgetItem(style()->standardIcon(icon), indent + name);
+    auto* item = new QListWidgetItem(path_.startsWith(path) ? open_ : closed_, indent + name);
     item->setData(folderPath, path);
     item->setData(Qt::AccessibleTextRole, path);
     addItem(item);

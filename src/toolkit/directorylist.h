@@ -1,6 +1,7 @@
 /// A folder tree seen from one current folder: its ancestors, itself and its subfolders.
 #pragma once
 
+#include <QIcon>
 #include <QListWidget>
 #include <QString>
 
@@ -27,4 +28,6 @@ private:
     void addFolder(const QString& name, const QString& path, int depth);
 
     QString path_;
+    QIcon open_;
+    QIcon closed_;
 };

@@ -7,6 +7,7 @@
 #include <bit>
 #include <QAccessibleWidget>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QMouseEvent>
 
 namespace
@@ -36,7 +37,8 @@ public:
 
     QStringList actionNames() const override
     {
-        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+        const QStringList others = QAccessibleWidget::actionNames();
+        return label_->leadsOn() ? QStringList{pressAction()} + others : others;
     }
 
     void doAction(const QString& action) override
@@ -64,9 +66,20 @@ PressLabel::PressLabel(QWidget* parent)
     : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
-    setCursor(Qt::PointingHandCursor);
     setMouseTracking(true);
     QAccessible::installFactory(makeEntry); // once; the toolkit knows it the next time
+}
+
+bool PressLabel::leadsOn() const
+{
+    return isSignalConnected(QMetaMethod::fromSignal(&PressLabel::clicked));
+}
+
+void PressLabel::connectNotify(const QMetaMethod& reported)
+{
+    if (reported == QMetaMethod::fromSignal(&PressLabel::clicked)) {
+        setCursor(Qt::PointingHandCursor);
+    }
 }
 
 /// Makes up for releases that never came: the press may have made another view active, whose message box took

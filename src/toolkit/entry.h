@@ -13,12 +13,16 @@ class PressLabel : public QLabel
 public:
     explicit PressLabel(QWidget* parent);
 
+    /// Whether a click leads anywhere; the mouse's hand and a screen reader's action show it.
+    bool leadsOn() const;
+
 Q_SIGNALS:
     void pressed();
     void released();
     void clicked();
 
 protected:
+    void connectNotify(const QMetaMethod& reported) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -1,9 +1,45 @@
 #include "toolkit/keys.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <QWidget>
+
+namespace
+{
+
+class InputWatch : public QObject
+{
+public:
+    explicit InputWatch(QObject* application)
+        : QObject(application)
+    {
+        application->installEventFilter(this);
+    }
+
+    bool keysCameLast() const { return keysCameLast_; }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress) {
+            keysCameLast_ = event->type() == QEvent::KeyPress;
+        }
+        return false;
+    }
+
+private:
+    bool keysCameLast_ = false;
+};
+
+} // namespace
+
+bool keysCameLast()
+{
+    static const auto* watch = new InputWatch(qApp); // the application's, which ends it
+    return watch->keysCameLast();
+}
 
 bool isEnter(const QKeyEvent* event)
 {

@@ -142,15 +142,20 @@ void LineList::mouseDoubleClickEvent(QMouseEvent* event)
 void LineList::keyPressEvent(QKeyEvent* event)
 {
     const int row = selectedRow();
-    const bool isStep = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    const bool isArrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
     if (isEnter(event) || (isSpace(event) && row >= 0)) {
         if (row >= 0 && !event->isAutoRepeat()) {
             choose(row, isEnter(event));
         }
-    } else if (row < 0 && isStep && currentIndex().row() <= 0) {
+        return;
+    }
+    if (row < 0 && isArrow && currentIndex().row() <= 0) {
         setCurrentIndex(model_->index(0)); // the first step into a list leads to its first line
     } else {
         QListView::keyPressEvent(event);
+    }
+    if (stepsChoose_ && selectedRow() >= 0 && selectedRow() != row) {
+        choose(selectedRow(), false);
     }
 }
 

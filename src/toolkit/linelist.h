@@ -25,10 +25,12 @@ public:
     const std::string& line(int row) const;
     /// The selected row counted from 0; -1 when none is.
     int selectedRow() const;
+    /// Lets a key that selects another line choose it at once.
+    void chooseBySteps() { stepsChoose_ = true; }
 
 Q_SIGNALS:
     /// A line was clicked, or Space or Enter pressed on the selected one; row counts from 0. The arrow keys
-    /// move the selection alone: a choice may ask, and its answer change the line.
+    /// move the selection alone, unless steps choose: a choice may ask, and its answer change the line.
     void chosen(int row);
     /// A double click anywhere in the list, or Enter on a selected line.
     void opened();
@@ -46,4 +48,5 @@ private:
 
     Lines* model_;
     int rowBeforePress_ = -1;
+    bool stepsChoose_ = false;
 };

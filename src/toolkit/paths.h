@@ -6,11 +6,13 @@
 #include <QFile>
 #include <QString>
 
+/// A path as the toolkit spells it. Bytes that are no text in the system's encoding are lost.
 inline QString qtPath(const Path& path)
 {
     return QFile::decodeName(QByteArray::fromStdString(path.string()));
 }
 
+/// A path that the toolkit gave; empty for an empty one.
 inline Path corePath(const QString& path)
 {
     return Path(QFile::encodeName(path).toStdString());

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMdiSubWindow>
@@ -56,11 +57,13 @@ QWidget* View::firstInTabOrder()
 
 void View::keyPressEvent(QKeyEvent* event)
 {
-    auto* button = qobject_cast<QPushButton*>(surface()->focusWidget());
-    if (!isEnter(event) || button == nullptr || !button->hasFocus()) {
+    QWidget* control = surface()->focusWidget();
+    auto* button = qobject_cast<QPushButton*>(control);
+    auto* choices = qobject_cast<QComboBox*>(control);
+    if (!isEnter(event) || (button == nullptr && choices == nullptr) || !control->hasFocus()) {
         QScrollArea::keyPressEvent(event);
     } else if (!event->isAutoRepeat()) {
-        button->click();
+        button != nullptr ? button->click() : choices->showPopup();
     }
 }
 

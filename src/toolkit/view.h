@@ -28,7 +28,7 @@ public:
     void takeFocus();
 
 protected:
-    /// Enter presses the button that has the focus, as Space does.
+    /// Enter presses the button that has the focus and opens the combo box that has it, as Space does.
     void keyPressEvent(QKeyEvent* event) override;
     /// No view closes while a box waits for its answer: the box may be this view's own. The keys that close a
     /// view reach it even then, when they are struck faster than the box gets the keys.

@@ -41,4 +41,6 @@ void BeginVariable(int number);
 /// Second half: its start value and the new count.
 void FinishVariable(int number, std::string_view value);
 
+/// Writes the start value of variable `number`, counted from 1; the count stays. Failure: silent, nothing
+/// changes.
 void SetStartValue(int number, std::string_view value);

@@ -1,7 +1,7 @@
 #include "appdir.h"
 
+#include "events/eventmarks.h"
 #include "events/eventstore.h"
-#include "maps/eventmarks.h"
 #include "maps/undo.h"
 
 #include <functional>
@@ -34,7 +34,7 @@ protected:
     /// Does a click that may change the files a and b.
     void click(const std::function<void()>& change, const std::string& mapName = "01")
     {
-        const StepRecorder recorder(map, start, {ProjectFile("a"), ProjectFile("b")});
+        const StepRecorder recorder(map, start, {ProjectFile("a"), ProjectFile("b")}, "Carte01");
         change();
         if (auto step = recorder.finish(map, start)) {
             step->map = mapName;
@@ -48,7 +48,7 @@ protected:
     MapModel map;
     HeroStart start{"01", "1"};
     UndoHistory history;
-    bool kept = false;
+    Remembered kept = Remembered::Nothing;
 };
 
 } // namespace
@@ -88,6 +88,25 @@ TEST_F(Undo, BringsBackTheMapAndTheHerosStart)
     EXPECT_EQ(redo(), UndoOutcome::Done);
     EXPECT_EQ(map, after);
     EXPECT_EQ(start, (HeroStart{"17", "9"}));
+}
+
+TEST_F(Undo, BringsBackTheNameOfAMapByItsKeyAlone)
+{
+    const auto name = [] { return ReadIni("Carte01", "nom", Descriptor()); };
+    const auto setName = [](const std::string& value) { WriteIni("Carte01", "nom", value, Descriptor()); };
+    for (const std::string old : {"Cave", "", " blanks ", "'quoted'"}) {
+        setName('"' + old + '"');
+        click([&] { setName("Lake"); });
+        WriteIni("Jeu", "cartes", "7", Descriptor()); // a map was made meanwhile
+        EXPECT_EQ(undo(), UndoOutcome::Done);
+        EXPECT_EQ(name(), old);
+        EXPECT_EQ(redo(), UndoOutcome::Done);
+        EXPECT_EQ(name(), "Lake");
+        EXPECT_EQ(ReadIni("Jeu", "cartes", Descriptor()), "7");
+        setName("Forest");
+        EXPECT_EQ(undo(), UndoOutcome::ChangedElsewhere);
+        EXPECT_EQ(name(), "Forest");
+    }
 }
 
 TEST_F(Undo, AFileThatIsNotWhatTheStepLeftRefusesIt)
@@ -153,7 +172,7 @@ TEST_F(Undo, ForgetsTheOldestStepsBeyondItsLimit)
     history = UndoHistory(limit);
     for (int i = 0; i < 1000; ++i) {
         click([&] { map.tiles[0] = std::to_string(i); });
-        EXPECT_TRUE(kept);
+        EXPECT_EQ(kept, i < 10 ? Remembered::All : i > 100 ? Remembered::NotTheOldest : kept);
     }
     int steps = 0;
     while (undo() == UndoOutcome::Done) {
@@ -163,7 +182,7 @@ TEST_F(Undo, ForgetsTheOldestStepsBeyondItsLimit)
     EXPECT_GT(steps, 10);
     EXPECT_LT(steps, 100);
     click([&] { put("a", std::string(limit, 'x')); });
-    EXPECT_FALSE(kept);
+    EXPECT_EQ(kept, Remembered::Nothing);
     EXPECT_EQ(undo(), UndoOutcome::Nothing);
 }
 
@@ -173,7 +192,7 @@ TEST_F(Undo, ALongFileCostsOnlyWhatDiffers)
     put("a", longText + "y" + longText);
     history = UndoHistory(2000);
     click([&] { put("a", longText + "z" + longText); });
-    EXPECT_TRUE(kept);
+    EXPECT_EQ(kept, Remembered::All);
     EXPECT_EQ(undo(), UndoOutcome::Done);
     EXPECT_EQ(app.read("projets/demo/a"), longText + "y" + longText);
 }

@@ -12,7 +12,13 @@ from pathlib import Path
 from PIL import Image
 
 LARGEST_SUM = 1_500_000  # bytes of all pictures
-LOADING = {"src", "href", "srcset", "poster", "data", "action", "background"}
+LOADING = {"src", "href", "poster", "data", "action", "background"}
+
+
+def candidates(srcset):
+    """The pictures of a choice, each with the scale that it is meant for."""
+    words = [candidate.split() for candidate in srcset.split(",") if candidate.strip()]
+    return [(path, int(scale[0].removesuffix("x")) if scale else 1) for path, *scale in words]
 
 
 class Page(HTMLParser):
@@ -22,6 +28,7 @@ class Page(HTMLParser):
         super().__init__()
         self.ids, self.targets, self.images, self.headings, self.texts = [], [], [], [], []
         self._headed = False
+        self._choice = []
         self.feed(markup)
 
     @property
@@ -33,8 +40,11 @@ class Page(HTMLParser):
         attrs = dict(attrs)
         self.ids += [attrs["id"]] if "id" in attrs else []
         self.targets += [value for name, value in attrs.items() if name in LOADING]
+        self._choice += candidates(attrs.get("srcset") or "")
         if tag == "img":
-            self.images.append(attrs)
+            self.images.append(attrs | {"choice": self._choice})
+            self.targets += [path for path, _ in self._choice]
+            self._choice = []
         self._headed = re.fullmatch("h[1-6]", tag)
         if self._headed:
             self.headings.append((int(tag[1]), attrs.get("id"), []))
@@ -77,9 +87,22 @@ def check_headings(page):
         before = level
 
 
+def size_of(path):
+    with Image.open(path) as picture:
+        return picture.size
+
+
+def check_sizes(image, doc):
+    """A picture has the size that the page tells, each that may stand for it the same at its scale."""
+    for name, scale in [(image.get("src", ""), 1), *image["choice"]]:
+        told = [int(image.get(side) or 0) * scale for side in ("width", "height")]
+        if (doc / name).is_file() and told != list(size_of(doc / name)):
+            yield f"{name} has the size {size_of(doc / name)}, not {told}"
+
+
 def check_pictures(page, doc):
-    shown = {image.get("src", "") for image in page.images}
-    kept = {f"pictures/{path.name}" for path in (doc / "pictures").iterdir()}
+    shown = {name for image in page.images for name in (image.get("src", ""), *dict(image["choice"]))}
+    kept = {path.relative_to(doc).as_posix() for path in (doc / "pictures").rglob("*") if path.is_file()}
     for name in sorted(kept - shown):
         yield f"{name} is shown nowhere"
     if sum((doc / name).stat().st_size for name in kept) > LARGEST_SUM:
@@ -87,12 +110,7 @@ def check_pictures(page, doc):
     for image in page.images:
         if not image.get("alt"):
             yield f"{image.get('src')} has no words for who does not see it"
-        if image.get("src") not in kept:
-            continue  # told above
-        with Image.open(doc / image["src"]) as picture:
-            told = (image.get("width"), image.get("height"))
-            if told != tuple(map(str, picture.size)):
-                yield f"{image['src']} has the size {picture.size}, not {told}"
+        yield from check_sizes(image, doc)
 
 
 def unescaped(literal):

@@ -1,9 +1,10 @@
-"""The pictures of the documentation page: those that the tour takes for it, in few colours."""
+"""The pictures of the documentation page: those that the tour and the looks take for it, in few colours."""
 
 import re
 
 from PIL import Image
 
+import looks
 from game import HEIGHT, WIDTH
 from waiting import Missed
 
@@ -12,12 +13,12 @@ _COLORS = 256
 
 
 def _names(folder):
-    return {path.name for path in folder.glob("*.png")}
+    return {path.relative_to(folder).as_posix() for path in folder.rglob("*.png")}
 
 
 def check_names(taken, doc):
-    """The page's pictures must be those that the tour takes, no more and no less."""
-    odd = _names(taken) ^ _names(doc / "pictures")
+    """The page's pictures must be those that the tour takes and the looks, no more and no less."""
+    odd = (_names(taken) | looks.names()) ^ _names(doc / "pictures")
     if odd:
         raise Missed(f"the documentation holds the pictures of the tour (out/tour --documentation; {sorted(odd)})")
 
@@ -33,7 +34,8 @@ def _at_own_size(picture):
 def _write(source, target):
     with Image.open(source) as picture:
         whole = _at_own_size(picture.convert("RGB"))
-    few = whole.quantize(_COLORS, dither=Image.Dither.NONE)
+    few = whole.quantize(_COLORS, kmeans=1, dither=Image.Dither.NONE)
+    target.parent.mkdir(exist_ok=True)
     few.save(target, optimize=True)
     return few.size
 

@@ -65,9 +65,8 @@ def create_project(tour, project):
     _await_open(program, project, ["1Carte 1"])
 
 
-def open_project(tour, project, maps):
-    """Opens a project by the welcome view's entry; the control panel must then list its maps."""
-    program, name = tour.program, project.folder.name
+def choose_folder(program, name):
+    """Chooses a project's folder in the view that the welcome view's entry opens."""
     program.click("Acc/Label3")
     program.await_gone("Acc")
     rows = [line["text"].strip() for line in program.await_usable("openp/Dir1").lines]
@@ -76,6 +75,12 @@ def open_project(tour, project, maps):
     program.click_line("openp/Dir1", rows.index(name), 2)
     wait_for("a double-click opens a folder",
              lambda: "images" in [line["text"].strip() for line in program.look("openp/Dir1").lines])
+
+
+def open_project(tour, project, maps):
+    """Opens a project by the welcome view's entry; the control panel must then list its maps."""
+    program = tour.program
+    choose_folder(program, project.folder.name)
     tour.take_picture("open")
     tour.document("open", "openp")
     program.click("openp/Command1")

@@ -32,10 +32,12 @@ def _own_folder():
 class Stage:
     """Copies the folder, leaving out what an author made there, and opens a display.
 
-    Used with `with`; at the end nothing of it is left, whatever happened.
+    Used with `with`; at the end nothing of it is left, whatever happened. `scale` is that of the display: the
+    toolkit's pixels are so many of its own in each direction.
     """
 
-    def __init__(self, app_dir, plugins):
+    def __init__(self, app_dir, plugins, scale=1):
+        self._scale = scale
         self._source, self._plugins = Path(app_dir), Path(plugins).resolve()
         self.folder = _own_folder()
         self.app_dir = self.folder / "Questforge"
@@ -70,9 +72,16 @@ class Stage:
             raise Missed(f"a runnable folder is at {self._source}")
         shutil.copytree(self._source, self.app_dir, ignore=authors_work)
 
+    def bring(self, project):
+        """Copies one of the author's projects, too."""
+        source = self._source / "projets" / project
+        if not source.is_dir():
+            raise Missed(f"the project is at {source}")
+        shutil.copytree(source, self.app_dir / "projets" / project)
+
     def _open_display(self):
         reader, writer = os.pipe()
-        size = f"{SCREEN[2]}x{SCREEN[3]}x24"
+        size = f"{SCREEN[2] * self._scale}x{SCREEN[3] * self._scale}x24"
         self._display = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0", size, "-nolisten", "tcp", "-noreset"],
             pass_fds=[writer], preexec_fn=_die_with_the_tour, stderr=subprocess.DEVNULL)
@@ -94,7 +103,8 @@ class Stage:
         environment = {name: os.environ[name] for name in keep if name in os.environ}
         environment |= {"HOME": str(home), "XDG_RUNTIME_DIR": str(home), "LANG": "C.UTF-8",
                         "QT_QPA_PLATFORM": "xcb", "QT_PLUGIN_PATH": str(self._plugins),
-                        "QT_QPA_GENERIC_PLUGINS": f"probe:{self.socket}"} | more
+                        "QT_QPA_GENERIC_PLUGINS": f"probe:{self.socket}",
+                        "QT_SCALE_FACTOR": str(self._scale)} | more
         with open(self.folder / "log", "w") as log:
             self.program = subprocess.Popen([self.app_dir / "questforge"], env=environment, cwd="/",
                                             stdout=log, stderr=log, preexec_fn=_die_with_the_tour)

@@ -5,9 +5,9 @@ Usage: tour.py APPDIR PICTURES PLUGINS [DOC]
 
 APPDIR is the runnable folder: the tour plays a copy of it, without an author's projects. PICTURES receives
 a picture of each station, and below "documentation" those that the documentation shows. PLUGINS is the
-folder of toolkit plugins that holds the probe. DOC is the documentation's folder, whose pictures are then
-replaced by the new ones. Every step is checked on the disk and on the screen. The exit code is 0 when all
-happened, else 1 and a line that names what did not.
+folder of toolkit plugins that holds the probe. DOC is the documentation's folder: then all looks of the views
+are taken, too, and its pictures are replaced by the new ones. Every step is checked on the disk and on the
+screen. The exit code is 0 when all happened, else 1 and a line that names what did not.
 """
 
 import signal
@@ -16,6 +16,7 @@ from pathlib import Path
 
 import documentation
 import looking
+import looks
 import picture
 from drawing import Drawing
 from entering import create_project, welcome
@@ -104,6 +105,8 @@ def main(app_dir, pictures, plugins, doc=None):
         with Stage(app_dir, plugins) as stage:
             perform(stage, pictures)
         if doc:
+            signal.alarm(looks.TIME_LIMIT)
+            looks.take_all(app_dir, plugins, shown)
             documentation.renew(shown, Path(doc))
         else:
             documentation.check_names(shown, Path(app_dir) / "Doc")

@@ -145,7 +145,8 @@ class Writing:
         self._command("Change a variable")
         self._choose_variable("9")
         self._program.await_lines(f"{PANEL}/listev", SIGN)
-        self._tour.document("event-panel", *(f"{PANEL}/{part}" for part in ("listev", "ln", "Command16", "Command19")))
+        parts = ("=Lines", "listev", "=Cancel", "Command16")
+        self._tour.document("event-panel", *(f"{PANEL}/{part}" for part in parts))
         self._save(cell, SIGN)
 
     def write_mistake(self, cell):

@@ -178,6 +178,9 @@ TEST_F(ControlPanel, AnEntrysIconOnlyMovesAlong)
     EXPECT_EQ(icon.pos(), iconAt);
     EXPECT_EQ(label.pos(), labelAt);
     EXPECT_EQ(findView("combateditor"), nullptr);
+    EXPECT_EQ(label.cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(icon.cursor().shape(), Qt::ArrowCursor); // it promises nothing
+    EXPECT_EQ(icon.toolTip(), QString());
 }
 
 TEST_F(ControlPanel, ClosesOnlyAfterYesAndEndsTheProject)

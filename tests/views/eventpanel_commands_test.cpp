@@ -120,7 +120,9 @@ TEST_F(EventCommands, TheHerosNewPlaceIsTheNextCellClicked)
     const Snapshot before = app.snapshot();
     answers.box("[Event] Click the new position of hero (OK)", Reply::Ok);
     click(*map, "Command23");
+    EXPECT_EQ(mainform->focusWidget(), &control(*map, "CarteImg"));
     pressCell(*map, 8, 17);
+    EXPECT_EQ(mainform->focusWidget(), &control(*map, "listev"));
     EXPECT_EQ(appended(), (Lines{"hero.x = 17 -- Déplacement du héro(vertical)",
                                  "hero.y = 8 -- Déplacelement du héro(horizontal)"}));
     EXPECT_EQ(text(*map, "ln"), "1"); // the cell clicked was not opened

@@ -96,6 +96,7 @@ TEST_F(Grid, TheHerosStartIsMarkedWhereTheLabelsSay)
     EXPECT_TRUE(isMarked(8, 15));
     answers.message("Click the box to the starting position of the hero on this map");
     click(*map, "Command9");
+    EXPECT_EQ(mainform->focusWidget(), picture);
     pressCell(*map, 1, 1);
     EXPECT_FALSE(isMarked(8, 15));
     EXPECT_TRUE(isMarked(1, 1));
@@ -117,6 +118,15 @@ TEST_F(Grid, EventsAreMarkedAnewAfterTheyAreSavedOrReset)
     click(*map, "Option1_0");
     click(*map, "Option1_2");
     EXPECT_TRUE(isMarked(3, 3));
+    doubleClickLine(view("Controlpanel"), "List1", 0);
+    QWidget& other = view("mapeditor");
+    click(other, "Option1_2");
+    pressCell(other, 4, 4);
+    click(other, "Command15");
+    click(other, "Command2");
+    EXPECT_FALSE(isMarked(4, 4));
+    activate(*map);
+    EXPECT_TRUE(isMarked(4, 4));
 }
 
 TEST_F(Grid, TheFootTellsTheCellUnderThePointer)
@@ -182,7 +192,9 @@ TEST_F(Grid, KeysWalkTheGridAndClickTheirCell)
     for (int step = 0; step < 9; ++step) {
         keys(*picture, {Qt::Key_Down});
     }
-    EXPECT_EQ(foot(), "Row 8, column 1: tile 1");
+    EXPECT_EQ(foot(), "Row 9, column 1: tile 1");
+    EXPECT_TRUE(isMarked(9, 1));
+    walk({Qt::Key_Up});
     click(*map, "Option1_1");
     walk({Qt::Key_End, Qt::Key_Right, Qt::Key_Return});
     EXPECT_EQ(app.read("projets/demo/map01.ev"), savedBlocks(grid({{2, 5, '1'}, {8, 17, '1'}})));
@@ -198,7 +210,7 @@ TEST_F(Grid, IsATableOfCellsForScreenReaders)
 {
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(picture);
     ASSERT_EQ(table->role(), QAccessible::Table);
-    ASSERT_EQ(table->childCount(), 136);
+    ASSERT_EQ(table->childCount(), 153);
     QAccessibleInterface* second = table->child(17 + 4);
     EXPECT_EQ(second->text(QAccessible::Name), u"Row 2, column 5: tile 4, blocked, event"_s);
     EXPECT_EQ(second->rect(), QRect(picture->mapToGlobal(QPoint(4 * 28, 29)), QSize(28, 29)));
@@ -211,4 +223,21 @@ TEST_F(Grid, IsATableOfCellsForScreenReaders)
     EXPECT_FALSE(second->state().focused);
     second->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(savedTiles(), savedMap("1508", grid()));
+    QAccessibleInterface* last = table->child(152);
+    EXPECT_EQ(last->text(QAccessible::Name), u"Row 9, column 17: tile 1"_s);
+    EXPECT_TRUE(table->rect().contains(last->rect()));
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&control(*map, "GridMarks"))->state().invisible);
+}
+
+TEST_F(Grid, ThePaletteIsAValueForScreenReaders)
+{
+    QAccessibleInterface* tiles = QAccessible::queryAccessibleInterface(&palette());
+    QAccessibleValueInterface* value = tiles->valueInterface();
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->maximumValue(), 7);
+    for (const auto& [wanted, found] : {std::pair{6, 6}, {8, 6}, {0, 6}, {1, 1}}) {
+        value->setCurrentValue(wanted);
+        EXPECT_EQ(value->currentValue(), found);
+        EXPECT_EQ(control<ScrollBar>(*map, "Choixtext").value(), found);
+    }
 }

@@ -2,10 +2,13 @@
 #include "program.h"
 
 #include "app/arrangement.h"
+#include "build/sendtopsp.h"
 #include "toolkit/linelist.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QComboBox>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -194,6 +197,50 @@ TEST_F(Keys, ListsChooseBySpaceAndEnterAndOpenByEnter)
     EXPECT_EQ(list.selectedRow(), 2);
 }
 
+TEST_F(Keys, ListsMayChooseByEachStepToAnotherLine)
+{
+    LineList list(nullptr);
+    list.chooseBySteps();
+    list.setLines({"one", "two", "three"});
+    std::string told;
+    QObject::connect(&list, &LineList::chosen, &list, [&told](int row) { told += std::to_string(row); });
+    keys(list, {Qt::Key_Down, Qt::Key_Up, Qt::Key_Down, Qt::Key_End, Qt::Key_Down, Qt::Key_Home});
+    EXPECT_EQ(told, "0120");
+    list.clear();
+    keys(list, {Qt::Key_Down});
+    EXPECT_EQ(told, "0120");
+}
+
+TEST_F(Keys, AStepInTheListOfVariablesAsksForTheNewValue)
+{
+    open();
+    WriteIni("Variables", "nombre", "2", Descriptor());
+    const QWidget& map = view("mapeditor");
+    click(map, "Option1_2");
+    pressCell(map, 1, 1);
+    click(map, "Command18");
+    auto& list = control<LineList>(*map.findChild<QWidget*>("Frame8"_L1), "List1");
+    answers.line("Taper la nouvelle valeur de la variable : ", "7");
+    keys(list, {Qt::Key_Down});
+    EXPECT_EQ(lines(map, "listev"), std::vector<std::string>{"var[1] = \"7\""});
+    EXPECT_FALSE(isVisible(map, "Frame8"));
+}
+
+TEST_F(Keys, EnterOpensAComboBoxAndOnlyOnce)
+{
+    sendtopsp form(*mainform);
+    form.show();
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    auto& drives = control<QComboBox>(form, "Drive1");
+    drives.setFocus();
+    QTest::simulateEvent(&drives, true, Qt::Key_Return, {}, u"\r"_s, true);
+    EXPECT_FALSE(drives.view()->isVisible());
+    keys(drives, {Qt::Key_Return});
+    EXPECT_TRUE(drives.view()->isVisible());
+    drives.hidePopup();
+}
+
 TEST_F(Keys, AScreenReaderMeetsAnEntryAsAButtonAndPressesIt)
 {
     QAccessibleInterface* label = QAccessible::queryAccessibleInterface(&control(view("Acc"), "Label2"));
@@ -202,4 +249,11 @@ TEST_F(Keys, AScreenReaderMeetsAnEntryAsAButtonAndPressesIt)
     label->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     settle();
     EXPECT_TRUE(isShown("nouvprojet"));
+    open();
+    const auto actions = [this](const char* name) {
+        QWidget& part = control(view("Controlpanel"), name);
+        return QAccessible::queryAccessibleInterface(&part)->actionInterface()->actionNames();
+    };
+    EXPECT_TRUE(actions("Label9_0").contains(QAccessibleActionInterface::pressAction()));
+    EXPECT_EQ(actions("Image1_0"), QStringList()) << "a click on it does nothing";
 }

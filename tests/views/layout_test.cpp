@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStyleOptionButton>
+#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -164,9 +165,17 @@ TEST_P(Layout, CutsAndCoversNothingInAProject)
 
 TEST_P(Layout, CutsAndCoversNothingInTheMapEditorWithAllItsFrames)
 {
+    const std::string name = "The forest by night, where nobody goes alone";
+    WriteIni("Carte01", "nom", name, Descriptor());
+    WriteIni("Carte02", "nom", name, Descriptor());
+    WriteIni("Jeu", "cartes", "2", Descriptor());
     openProject("demo");
     const QWidget& map = view("mapeditor");
     expectWhole("mapeditor");
+    control(map, "Label1").parentWidget()->show();
+    moveBar(map, "HScroll1", 2);
+    EXPECT_EQ(control(map, "Label3").toolTip().toStdString(),
+              Qt::convertFromPlainText(QString::fromStdString(name)).toStdString());
     click(map, "Option1_2");
     pressCell(map, 1, 1);
     for (QGroupBox* frame : map.findChildren<QGroupBox*>()) {

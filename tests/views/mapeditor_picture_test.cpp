@@ -138,6 +138,18 @@ TEST_F(MapPicture, TheMapFieldGivesTheTilesetAndTheHeldMapTheFile)
     EXPECT_FALSE(app.has("projets/demo/map03.ev"));
 }
 
+TEST_F(MapPicture, TheStripsBesideTheCellsTakeTheDesktopsColour)
+{
+    QWidget& picture = control(editor(grid()), "CarteImg");
+    for (const QColor colour : {QColor(20, 20, 20), QColor(240, 240, 200)}) {
+        QPalette dressed = picture.palette();
+        dressed.setColor(QPalette::Window, colour);
+        picture.setPalette(dressed);
+        EXPECT_EQ(picture.grab().toImage().pixelColor(478, 10), colour);
+        EXPECT_EQ(picture.grab().toImage().pixelColor(10, 240), colour);
+    }
+}
+
 TEST_F(MapPicture, TheRowBelowTheEighthIsNeverDrawn)
 {
     const QWidget& map = editor(grid());

@@ -3,6 +3,7 @@
 #include "toolkit/linelist.h"
 #include "toolkit/scrollbar.h"
 
+#include <QApplication>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -58,7 +59,36 @@ TEST(LineList, ShowsALongLineShortAndGivesItBackWhole)
 
 class Boxes : public Program
 {
+protected:
+    /// Lets a key that is down repeat in the box that opens next, before that is answered.
+    void hold(Qt::Key key, const QString& letters) const
+    {
+        const auto repeat = [key, letters] {
+            QWidget* box = QApplication::activeModalWidget();
+            ASSERT_NE(box, nullptr);
+            QWidget* focused = box->focusWidget();
+            QTest::simulateEvent(focused == nullptr ? box : focused, true, key, {}, letters, true);
+        };
+        QMetaObject::invokeMethod(mainform.get(), repeat, Qt::QueuedConnection);
+    }
 };
+
+TEST_F(Boxes, AreNotAnsweredByAKeyStillHeld)
+{
+    for (const auto& [key, letters] :
+         {std::pair{Qt::Key_Return, u"\r"_s}, {Qt::Key_Y, u"y"_s}, {Qt::Key_Escape, QString()}}) {
+        answers.question("Sure?", Reply::No);
+        hold(key, letters);
+        EXPECT_FALSE(askYesNo(mainform.get(), u"Sure?"_s));
+        answers.allCame();
+    }
+    hold(Qt::Key_Return, u"\r"_s);
+    answers.line("Prompt", "typed");
+    EXPECT_EQ(inputBox(mainform.get(), u"Prompt"_s), u"typed"_s);
+    hold(Qt::Key_X, u"x"_s); // typing goes on
+    answers.box("[Questforge] Prompt <x> (Cancel OK)", Reply::Ok);
+    EXPECT_EQ(inputBox(mainform.get(), u"Prompt"_s), u"x"_s);
+}
 
 TEST_F(Boxes, AQuestionIsYesOnlyForYes)
 {

@@ -2,6 +2,8 @@
 #include "program.h"
 
 #include <functional>
+#include <QDialog>
+#include <QShortcut>
 #include <QTest>
 
 class UndoKeys : public Program
@@ -47,6 +49,10 @@ TEST_F(UndoKeys, TakeBackAndDoAgainOneClickAtATime)
         },
         [&] { pressCell(*map, 9, 2); },
         [&] {
+            setText(*map, "Text1", "Cave");
+            pressGrid(*map, 7150, 100); // saves the name alone
+        },
+        [&] {
             click(*map, "Option1_1");
             pressCell(*map, 2, 2);
         },
@@ -57,10 +63,17 @@ TEST_F(UndoKeys, TakeBackAndDoAgainOneClickAtATime)
         },
         [&] { pressCell(*map, 2, 3); },
         [&] { reset(); },
-        [&] { pressCell(*map, 2, 4); }};
+        [&] {
+            click(*map, "Option1_2");
+            pressCell(*map, 1, 1);
+        },
+        [&] {
+            click(*map, "Command15");
+            click(*map, "Command2");
+        }};
     const auto state = [&] {
         Snapshot found = app.snapshot();
-        found["labels"] = text(*map, "Label4") + text(*map, "Label5");
+        found["labels"] = text(*map, "Label4") + text(*map, "Label5") + text(*map, "Text1");
         return found;
     };
     std::vector<Snapshot> states = {state()};
@@ -104,7 +117,7 @@ TEST_F(UndoKeys, AMapThatWasChangedElsewhereIsLeftAsItIs)
     app.write("projets/demo/map01.ev", savedBlocks(grid({{4, 4, '1'}})));
     const Snapshot found = app.snapshot();
     undo();
-    EXPECT_EQ(foot(), "Not undone: this map was changed elsewhere.");
+    EXPECT_EQ(foot(), "Not undone: this map was changed elsewhere. Load it again to see it.");
     EXPECT_EQ(Changes(found, app.snapshot()), "");
     EXPECT_EQ(cell(*map, 1, 1), tile("01", 3));
     app.write("projets/demo/map01.ev", savedBlocks(grid()));
@@ -125,6 +138,32 @@ TEST_F(UndoKeys, NothingIsTakenBackWhileAnEventIsOpen)
     undo();
     undo();
     EXPECT_EQ(app.read("projets/demo/ev/map01/ev11"), "\r\nline\r\n");
+}
+
+TEST_F(UndoKeys, NothingIsTakenBackBehindABox)
+{
+    moveBar(*map, "Choixtext", 3);
+    pressCell(*map, 1, 1);
+    const std::string painted = app.read("projets/demo/map01.map");
+    auto* undoKeys = map->findChild<QShortcut*>();
+    ASSERT_EQ(undoKeys->key(), QKeySequence(Qt::CTRL | Qt::Key_Z));
+    QDialog box(mainform.get());
+    box.setModal(true);
+    box.show();
+    Q_EMIT undoKeys->activated(); // the key came before the box had the focus
+    EXPECT_EQ(app.read("projets/demo/map01.map"), painted);
+    box.hide();
+    Q_EMIT undoKeys->activated();
+    EXPECT_NE(app.read("projets/demo/map01.map"), painted);
+}
+
+TEST_F(UndoKeys, TheOldestStepsAreNotForgottenSilently)
+{
+    for (const char* told : {"", "The oldest steps can no longer be undone.", ""}) {
+        app.write("projets/demo/ev/map01/ev11", std::string(3'000'000, 'x'));
+        reset();
+        EXPECT_EQ(foot(), told);
+    }
 }
 
 TEST_F(UndoKeys, TheHistoryBelongsToItsMap)

@@ -80,10 +80,12 @@ QWidget* find(const QString& path)
     return shown != found.rend() ? *shown : found.isEmpty() ? nullptr : found.last();
 }
 
+/// In pixels of the screen, which the toolkit's are a multiple of.
 QJsonArray place(const QWidget& control, const QRect& within)
 {
     const QPoint corner = control.mapToGlobal(within.topLeft());
-    return {corner.x(), corner.y(), within.width(), within.height()};
+    const int scale = qRound(control.devicePixelRatio());
+    return {corner.x() * scale, corner.y() * scale, within.width() * scale, within.height() * scale};
 }
 
 /// Whether a click in the middle of the control would reach it.

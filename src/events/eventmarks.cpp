@@ -1,4 +1,4 @@
-#include "maps/eventmarks.h"
+#include "events/eventmarks.h"
 
 #include "events/eventstore.h"
 
