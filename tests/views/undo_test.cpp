@@ -35,6 +35,39 @@ protected:
         click(*map, "Command10");
     }
 
+    /// Each of which is a step of its own.
+    std::vector<std::function<void()>> everyKindOfClick()
+    {
+        return {[this] {
+                    moveBar(*map, "Choixtext", 3);
+                    pressCell(*map, 1, 1);
+                },
+                [this] { pressCell(*map, 9, 2); },
+                [this] {
+                    setText(*map, "Text1", "Cave");
+                    pressGrid(*map, 7150, 100); // saves the name alone
+                },
+                [this] {
+                    click(*map, "Option1_1");
+                    pressCell(*map, 2, 2);
+                },
+                [this] {
+                    answers.message("Click the box to the starting position of the hero on this map");
+                    click(*map, "Command9");
+                    pressCell(*map, 3, 3);
+                },
+                [this] { pressCell(*map, 2, 3); },
+                [this] { reset(); },
+                [this] {
+                    click(*map, "Option1_2");
+                    pressCell(*map, 1, 1);
+                },
+                [this] {
+                    click(*map, "Command15");
+                    click(*map, "Command2");
+                }};
+    }
+
     QWidget* map = nullptr;
 };
 
@@ -42,35 +75,7 @@ TEST_F(UndoKeys, TakeBackAndDoAgainOneClickAtATime)
 {
     app.write("projets/demo/ev/map01/ev11", "\r\nline\r\n");
     app.remove("projets/demo/ev/map01/ev12");
-    const std::vector<std::function<void()>> clicks = {
-        [&] {
-            moveBar(*map, "Choixtext", 3);
-            pressCell(*map, 1, 1);
-        },
-        [&] { pressCell(*map, 9, 2); },
-        [&] {
-            setText(*map, "Text1", "Cave");
-            pressGrid(*map, 7150, 100); // saves the name alone
-        },
-        [&] {
-            click(*map, "Option1_1");
-            pressCell(*map, 2, 2);
-        },
-        [&] {
-            answers.message("Click the box to the starting position of the hero on this map");
-            click(*map, "Command9");
-            pressCell(*map, 3, 3);
-        },
-        [&] { pressCell(*map, 2, 3); },
-        [&] { reset(); },
-        [&] {
-            click(*map, "Option1_2");
-            pressCell(*map, 1, 1);
-        },
-        [&] {
-            click(*map, "Command15");
-            click(*map, "Command2");
-        }};
+    const auto clicks = everyKindOfClick();
     const auto state = [&] {
         Snapshot found = app.snapshot();
         found["labels"] = text(*map, "Label4") + text(*map, "Label5") + text(*map, "Text1");
