@@ -68,7 +68,7 @@ class FirstGame:
         self.map.await_saved()
         self.keys.use("mapeditor/Command9")
         self.keys.dismiss(START_QUESTION)
-        self.keys.await_focus("mapeditor/Command9")
+        self.keys.await_focus(GRID)  # where the start is chosen
         self._click(start)
         self.map.start = start
         self.program.await_caption("mapeditor/Label4", str(start[1]))
