@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <QApplication>
+#include <QPixmapCache>
 #include <QToolTip>
 #include <utility>
 
@@ -61,6 +62,9 @@ void wear(Scheme scheme)
 
 void dress(QApplication& application)
 {
+    // Each view would leave small pictures there that no other view asks for, and memory would grow with
+    // their number.
+    QPixmapCache::setCacheLimit(0);
     QApplication::setStyle(new HouseStyle);
     QApplication::setFont(QFont(u"Liberation Sans"_s, fontPoints));
     QApplication::setWindowIcon(programIcon());
