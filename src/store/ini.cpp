@@ -2,6 +2,7 @@
 
 #include "store/codepage.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace
@@ -67,6 +68,27 @@ std::optional<std::string_view> sectionName(std::string_view line)
     }
     line.remove_prefix(1);
     return trimmed(line.substr(0, line.find(']')));
+}
+
+/// Whether only blanks lie between a place in the text and the line end before it.
+bool beginsLine(std::string_view text, std::size_t place)
+{
+    while (place > 0 && isBlank(text[place - 1])) {
+        --place;
+    }
+    return place == 0 || text[place - 1] == '\n';
+}
+
+/// Takes off what lies before the next line that opens a section. Bracket by bracket, which in a long file
+/// are fewer than lines. False when there is none.
+bool takeToSection(std::string_view& rest)
+{
+    std::size_t place = rest.find('[');
+    while (place != std::string_view::npos && !beginsLine(rest, place)) {
+        place = rest.find('[', place + 1);
+    }
+    rest.remove_prefix(std::min(place, rest.size()));
+    return !rest.empty();
 }
 
 /// The text after a line's first "=" when its key is the one asked for.
@@ -177,9 +199,8 @@ std::size_t numberOf(std::string_view name, std::string_view prefix, std::string
 std::string IniValue(std::string_view text, std::string_view section, std::string_view key)
 {
     std::string_view rest = withoutMark(text);
-    while (!rest.empty()) {
-        const auto name = sectionName(takeLine(rest));
-        if (name && sameName(*name, section)) {
+    while (takeToSection(rest)) {
+        if (sameName(*sectionName(takeLine(rest)), section)) {
             return valueInBody(rest, key);
         }
     }
