@@ -41,8 +41,18 @@ local function isBlocked(map, x, y)
     return string.sub(map.blocks, at, at) == "1"
 end
 
--- The value of a key of projet.ini, the empty text when there is none. Names of sections and
--- keys are the same in capitals and small letters; quotes round a value do not belong to it.
+-- Without blanks around. A pattern for the last ones would begin anew at each of a long run.
+local function trimmed(text)
+    local first = string.find(text, "%S")
+    local last = string.len(text)
+    while first and string.find(text, "^%s", last) do
+        last = last - 1
+    end
+    return first and string.sub(text, first, last) or ""
+end
+
+-- The value of a key of projet.ini, the empty text when there is none, read as the editor does:
+-- the first section of a name counts, capitals are small letters, quotes round a value go.
 function jeu.setting(section, key)
     local file = io.open("projet.ini", "r")
     if not file then
@@ -50,12 +60,15 @@ function jeu.setting(section, key)
     end
     local inSection, value = false, nil
     for line in file:lines() do
-        local _, _, head = string.find(line, "^%s*%[(.-)%]")
-        local _, _, name, text = string.find(line, "^%s*(.-)%s*=%s*(.-)%s*$")
-        if head then
-            inSection = string.lower(head) == string.lower(section)
-        elseif inSection and name and string.lower(name) == string.lower(key) then
-            value = value or string.gsub(text, "^([\"'])(.*)%1$", "%2")
+        local _, _, head = string.find(line, "^[\239\187\191]*%s*%[([^%]]*)")
+        local equals = string.find(line, "=", 1, true)
+        if head and inSection then
+            break
+        elseif head then
+            inSection = string.lower(trimmed(head)) == string.lower(section)
+        elseif inSection and equals and not value
+            and string.lower(trimmed(string.sub(line, 1, equals - 1))) == string.lower(key) then
+            value = string.gsub(trimmed(string.sub(line, equals + 1)), "^([\"'])(.*)%1$", "%2")
         end
     end
     file:close()

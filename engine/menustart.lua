@@ -45,14 +45,14 @@ end
 
 -- One line for each value that a file can hold.
 local function tableText(name, content)
-    local text = ""
+    local lines = {}
     for key, value in pairs(content) do
         local left, right = encode(key), encode(value)
         if left and right then
-            text = text .. name .. " " .. left .. " " .. right .. "\n"
+            table.insert(lines, name .. " " .. left .. " " .. right .. "\n")
         end
     end
-    return text
+    return table.concat(lines)
 end
 
 local function saveText()

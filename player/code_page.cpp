@@ -56,10 +56,10 @@ std::size_t lengthFromLead(unsigned char lead)
     if (lead < 0x80) {
         return 1;
     }
-    if (lead < 0xC0) {
+    if (lead < 0xC2) {
         return 0;
     }
-    return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF8 ? 4 : 0;
+    return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
 }
 
 // The letter at the front of a text that is not empty; one byte that starts none is a letter on its own.
@@ -77,6 +77,10 @@ Letter firstLetter(std::string_view text)
             return {notALetter, 1};
         }
         value = value << 6U | (byte & 0x3FU);
+    }
+    constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    if (value < smallest[length]) {
+        return {notALetter, 1}; // spelled longer than it is: how a "/" slips past those who look for it
     }
     return {value, length};
 }

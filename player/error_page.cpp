@@ -48,8 +48,8 @@ private:
 // Where a line of at most `width` characters ends: at the last blank, or hard.
 std::size_t lineEnd(std::string_view text, std::size_t width)
 {
-    const std::size_t lineBreak = text.find('\n');
-    if (std::min(lineBreak, text.size()) <= width) {
+    const std::size_t lineBreak = text.substr(0, width + 1).find('\n');
+    if (lineBreak != std::string_view::npos || text.size() <= width) {
         return std::min(lineBreak, text.size());
     }
     const std::size_t blank = text.rfind(' ', width);

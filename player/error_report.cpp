@@ -1,5 +1,6 @@
 #include "player/error_report.h"
 
+#include <algorithm>
 #include <charconv>
 #include <lua.hpp>
 
@@ -10,6 +11,7 @@ namespace
 {
 
 constexpr int traceLevels = 20;
+constexpr std::size_t longestMessage = 4000; // bytes: more than a page shows
 
 struct Position {
     std::string_view file;
@@ -46,7 +48,7 @@ std::string messageOf(lua_State* L)
     case LUA_TSTRING: {
         std::size_t length = 0;
         const char* const text = lua_tolstring(L, -1, &length);
-        return {text, length};
+        return {text, std::min(length, longestMessage)};
     }
     case LUA_TNUMBER:
         return std::to_string(lua_tonumber(L, -1));

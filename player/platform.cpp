@@ -2,12 +2,9 @@
 
 #include <array>
 #include <cerrno>
-
-#if defined(__unix__) || defined(__APPLE__)
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 namespace player
 {
@@ -21,13 +18,6 @@ const char* textOf(FileMode mode)
 {
     return modeTexts.at(static_cast<std::size_t>(mode));
 }
-
-} // namespace
-
-#if defined(__unix__) || defined(__APPLE__)
-
-namespace
-{
 
 constexpr std::array<int, 6> modeFlags = {O_RDONLY, O_WRONLY | O_CREAT, O_WRONLY | O_CREAT | O_APPEND,
                                           O_RDWR,   O_RDWR | O_CREAT,   O_RDWR | O_CREAT | O_APPEND};
@@ -75,22 +65,6 @@ FileHandle openRegularFile(const std::filesystem::path& path, FileMode mode)
     }
     return FileHandle(file);
 }
-
-#else
-
-FileHandle openRegularFile(const std::filesystem::path& path, FileMode mode)
-{
-    std::error_code ignored;
-    const auto status = std::filesystem::symlink_status(path, ignored);
-    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-        errno = EACCES;
-        return nullptr;
-    }
-    const std::string text = textOf(mode);
-    return FileHandle(_wfopen(path.c_str(), std::wstring(text.begin(), text.end()).c_str()));
-}
-
-#endif
 
 std::filesystem::path pathFromUtf8(const std::string& name)
 {
