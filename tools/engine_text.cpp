@@ -29,8 +29,13 @@ int main(int count, char** arguments)
     std::ifstream source(arguments[1], std::ios::binary);
     std::stringstream text;
     text << source.rdbuf();
+    const std::string ansi = AnsiFromUtf8(text.str());
+    if (Utf8FromAnsi(ansi) != text.str()) {
+        std::fprintf(stderr, "engine_text: %s holds a character that code page 1252 lacks\n", arguments[1]);
+        return 1;
+    }
     std::ofstream target(arguments[2], std::ios::binary);
-    target << withCrLf(AnsiFromUtf8(text.str()));
+    target << withCrLf(ansi);
     target.close();
     if (!source || !target) {
         std::fprintf(stderr, "engine_text: cannot turn %s into %s\n", arguments[1], arguments[2]);

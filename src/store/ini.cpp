@@ -138,41 +138,41 @@ bool isUtf16(std::string_view text)
     return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
 }
 
-std::vector<std::string_view> linesOf(std::string_view text)
+/// Adds the lines of a text, each ended by CR LF.
+void appendLines(std::string& result, std::string_view text)
 {
-    std::vector<std::string_view> lines;
     while (!text.empty()) {
         std::string_view line = takeLine(text);
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        lines.push_back(line);
+        line.remove_suffix(line.ends_with('\r') ? 1 : 0);
+        result.append(line).append("\r\n");
     }
-    return lines;
 }
 
-/// Where a key belongs among the lines of a text.
+/// Where a key's line belongs in a text: the bytes that it replaces, none where it is inserted.
 struct Place {
-    std::size_t line = 0; ///< index of the line to replace, or before which to insert
+    std::size_t begin = 0;
+    std::size_t end = 0;
     bool sectionFound = false;
-    bool keyFound = false;
 };
 
-Place placeOf(const std::vector<std::string_view>& lines, std::string_view section, std::string_view key)
+Place placeOf(std::string_view text, std::string_view section, std::string_view key)
 {
-    Place place;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const std::string_view line = i == 0 ? withoutMark(lines[i]) : lines[i];
+    Place place = {text.size(), text.size(), false};
+    std::string_view rest = withoutMark(text);
+    while (!rest.empty()) {
+        const std::size_t begin = text.size() - rest.size();
+        const std::string_view line = takeLine(rest);
+        const std::size_t end = text.size() - rest.size();
         if (const auto name = sectionName(line)) {
             if (place.sectionFound) {
                 return place;
             }
             place.sectionFound = sameName(*name, section);
         } else if (place.sectionFound && valueOfLine(line, key)) {
-            return {i, true, true};
+            return {begin, end, true};
         }
         if (place.sectionFound && !trimmed(line).empty()) {
-            place.line = i + 1;
+            place = {end, end, true};
         }
     }
     return place;
@@ -213,26 +213,15 @@ std::optional<std::string> WithIniValue(std::string_view text, std::string_view 
     if (isUtf16(text)) {
         return std::nullopt;
     }
-    const std::vector<std::string_view> lines = linesOf(text);
-    const Place place = placeOf(lines, section, key);
-    const std::string newLine = OneLine(key) + "=" + OneLine(value) + "\r\n";
-
+    const Place place = placeOf(text, section, key);
     std::string result;
-    result.reserve(text.size() + lines.size() + section.size() + newLine.size() + 8);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (place.sectionFound && i == place.line) {
-            result += newLine;
-            if (place.keyFound) {
-                continue;
-            }
-        }
-        result.append(lines[i]).append("\r\n");
-    }
+    result.reserve(text.size() + section.size() + key.size() + value.size() + 16);
+    appendLines(result, text.substr(0, place.begin));
     if (!place.sectionFound) {
-        result += "[" + OneLine(section) + "]\r\n" + newLine;
-    } else if (place.line == lines.size()) {
-        result += newLine;
+        result.append("[").append(OneLine(section)).append("]\r\n");
     }
+    result.append(OneLine(key)).append("=").append(OneLine(value)).append("\r\n");
+    appendLines(result, text.substr(place.end));
     return result;
 }
 

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <chrono>
 #include <optional>
+#include <type_traits>
 
 namespace
 {
@@ -20,11 +21,22 @@ template <class Number> std::optional<Number> takeNumber(std::string_view& text)
     return failure == std::errc() ? std::optional(number) : std::nullopt;
 }
 
+/// A path's name, "?" for all but ASCII: a whole conversion would throw for what is no text at all.
+std::string asciiName(const Path& path)
+{
+    const Path file = path.filename();
+    std::string name;
+    for (const auto character : file.native()) {
+        const auto number = static_cast<std::make_unsigned_t<Path::value_type>>(character);
+        name += number < 0x80 ? static_cast<char>(number) : '?';
+    }
+    return name;
+}
+
 /// Whose file a path's name of exactly that form tells; nothing for any other name.
 std::optional<int> processOf(const Path& path)
 {
-    const std::u8string utf8 = path.filename().u8string();
-    const std::string name(utf8.begin(), utf8.end());
+    const std::string name = asciiName(path);
     std::string_view rest = name;
     if (!rest.starts_with(nameBegin)) {
         return std::nullopt;

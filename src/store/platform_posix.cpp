@@ -221,7 +221,7 @@ std::error_code replaceFile(const Path& path, std::string_view content)
 FolderLock::FolderLock(const Path& folder)
     : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
-    constexpr int attempts = 4000;
+    constexpr int attempts = 1500;           // together far below what an author notices
     constexpr timespec pause = {0, 100'000}; // nanoseconds
     for (int i = 0; i < attempts && ::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
          ++i) {

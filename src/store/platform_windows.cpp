@@ -77,6 +77,17 @@ std::wstring lowered(std::wstring name)
     return name;
 }
 
+/// A file's name; half of a surrogate pair, which a name may hold, becomes a replacement character.
+std::string utf8From(const std::wstring& name)
+{
+    const int length = static_cast<int>(name.size());
+    std::string utf8(3 * name.size(), '\0');
+    const int size = ::WideCharToMultiByte(CP_UTF8, 0, name.data(), length, utf8.data(),
+                                           static_cast<int>(utf8.size()), nullptr, nullptr);
+    utf8.resize(static_cast<std::size_t>(size));
+    return utf8;
+}
+
 bool readAll(HANDLE file, std::string& content)
 {
     std::size_t done = 0;
@@ -328,15 +339,17 @@ Folder::~Folder()
 std::error_code Folder::list(std::vector<std::string>& names) const
 {
     names.clear();
+    const Path folder = placeOf(::LongToHandle(descriptor_), {});
+    if (folder.empty()) {
+        return errorOf(ERROR_INVALID_HANDLE);
+    }
     WIN32_FIND_DATAW entry = {};
-    const Path everything = placeOf(::LongToHandle(descriptor_), {}) / "*";
-    const HANDLE listing = ::FindFirstFileW(everything.c_str(), &entry);
+    const HANDLE listing = ::FindFirstFileW((folder / "*").c_str(), &entry);
     if (listing == INVALID_HANDLE_VALUE) {
         return lastError();
     }
     do {
-        const std::u8string utf8 = Path(lowered(entry.cFileName)).u8string();
-        names.emplace_back(utf8.begin(), utf8.end());
+        names.push_back(utf8From(lowered(entry.cFileName)));
     } while (::FindNextFileW(listing, &entry) != 0);
     const DWORD end = ::GetLastError();
     ::FindClose(listing);
@@ -350,6 +363,10 @@ std::error_code Folder::list(std::vector<std::string>& names) const
 std::error_code Folder::readFile(const std::string& name, std::string& content) const
 {
     const Path folder = placeOf(::LongToHandle(descriptor_), {});
+    if (folder.empty()) {
+        content.clear();
+        return errorOf(ERROR_INVALID_HANDLE);
+    }
     return platform::readFile(folder / std::u8string(name.begin(), name.end()), content);
 }
 
