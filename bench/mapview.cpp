@@ -11,7 +11,6 @@
 #include "toolfolder.h"
 #include "toolkit/scrollbar.h"
 
-#include <algorithm>
 #include <fcntl.h>
 #include <memory>
 #include <QApplication>

@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <QApplication>
-#include <QMdiArea>
 
 int main(int count, char** arguments)
 {

@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <fcntl.h>
-#include <memory>
 #include <QApplication>
 #include <QMainWindow>
 #include <QMdiArea>

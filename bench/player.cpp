@@ -15,7 +15,6 @@
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <filesystem>
-#include <memory>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;

@@ -6,7 +6,6 @@
 #include <lua.hpp>
 #include <SDL.h>
 #include <SDL_image.h>
-#include <string>
 #include <thread>
 
 namespace

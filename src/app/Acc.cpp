@@ -31,9 +31,9 @@ Acc::Acc(Workspace& workspace)
     heading->setFont(headingFont(1.5));
     heading->setWordWrap(true);
     grid->addWidget(heading, 0, 0, 1, 2);
-    entry(1, u"create"_s, u"Create a new project"_s, &Acc::create);
-    entry(2, u"open"_s, u"Open an existing project"_s, &Acc::openExisting);
-    entry(3, u"documentation"_s, u"Documentation"_s, &Acc::documentation);
+    entry(1, u"create"_s, u"Create a new project"_s, &Acc::Label2_Click);
+    entry(2, u"open"_s, u"Open an existing project"_s, &Acc::Label3_Click);
+    entry(3, u"documentation"_s, u"Documentation"_s, &Acc::Label4_Click);
     panel_->findChild<PressLabel*>("Label4"_L1)->setToolTip(u"Shows the handbook; this view stays open"_s);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(4, 1);
@@ -74,19 +74,19 @@ void Acc::deactivated()
     workspace().hideAcc();
 }
 
-void Acc::create()
+void Acc::Label2_Click()
 {
     workspace().showNouvprojet();
     frameWindow()->close();
 }
 
-void Acc::openExisting()
+void Acc::Label3_Click()
 {
     workspace().showOpenp();
     frameWindow()->close();
 }
 
-void Acc::documentation()
+void Acc::Label4_Click()
 {
     QDesktopServices::openUrl(QUrl::fromLocalFile(qtPath(AppDir() / "Doc" / "index.html")));
 }

@@ -17,9 +17,9 @@ public:
 
 private:
     void entry(int number, const QString& icon, const QString& caption, void (Acc::*chosen)());
-    void create();
-    void openExisting();
-    void documentation();
+    void Label2_Click();
+    void Label3_Click();
+    void Label4_Click();
 
     QWidget* panel_ = nullptr;
 };

@@ -221,7 +221,11 @@ void Mainform::placeTopLeft(View& view)
 int Mainform::controlPanelWidth() const
 {
     const Controlpanel* panel = find<Controlpanel>();
-    return panel == nullptr ? 0 : panel->parentWidget()->width();
+    if (panel == nullptr) {
+        return 0;
+    }
+    const QWidget* frame = panel->parentWidget();
+    return frame->isMaximized() ? frame->sizeHint().width() : frame->width(); // it will not stay so wide
 }
 
 void Mainform::endProgram()

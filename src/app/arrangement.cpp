@@ -57,6 +57,9 @@ std::vector<QPoint> cascaded(const std::vector<QSize>& views, const QSize& area)
         if (next.y() + view.height() > area.height()) {
             next.setY(0);
         }
+        if (next.x() + view.width() > area.width()) {
+            next.setX(0);
+        }
         places.push_back(next);
         next += QPoint(step, step);
     }

@@ -9,6 +9,6 @@
 /// fit into the area lies below it, where scrolling leads.
 std::vector<QPoint> tiled(const std::vector<QSize>& views, const QSize& area);
 
-/// Places one over the other, each a step right and down of the one before it, beginning at the top again
-/// where the area ends.
+/// Places one over the other, each a step right and down of the one before it, beginning at the top or at
+/// the left again where the area ends.
 std::vector<QPoint> cascaded(const std::vector<QSize>& views, const QSize& area);

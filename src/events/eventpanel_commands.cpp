@@ -2,6 +2,7 @@
 #include "events/eventpanel.h"
 
 #include "maps/maplist.h"
+#include "store/numbers.h"
 #include "toolkit/boxes.h"
 #include "toolkit/cutlabel.h"
 #include "toolkit/linelist.h"
@@ -68,7 +69,8 @@ void EventPanel::Command19_Click()
     if (!host_.ownsProject()) {
         return; // no folder to read from: the project was left, not spoilt
     }
-    const int maps = MapCount().value_or(0);
+    // Any number is one here: "2.0" or "-1", written by hand, is no reason to end the program.
+    const int maps = WholeNumber16(ReadIni("Jeu", "cartes", Descriptor())).value_or(0);
     if (maps == 0) {
         messageBox(this,
                    u"Erreur : Fichier projet.ini corrompus ou introuvable, veuillez reporter ce bug sur "_s +

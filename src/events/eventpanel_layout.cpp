@@ -13,6 +13,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -36,13 +37,18 @@ QGridLayout* gridOf(QWidget* frame)
     return grid;
 }
 
-QComboBox* choice(const QString& name, const QString& accessibleName, QWidget* parent)
+/// listWidth: of the list that it drops down, in pixels.
+QComboBox* choice(const QString& name, const QString& accessibleName, int listWidth, QWidget* parent)
 {
     auto* box = named<QComboBox>(name, parent);
     box->setAccessibleName(accessibleName);
-    // A width of its own: thousands of entries are never measured.
+    // Widths of its own, and one height: thousands of entries are never measured.
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(10);
+    auto* list = named<QListView>(name + u"List"_s, box);
+    list->setUniformItemSizes(true);
+    list->setMinimumWidth(listWidth);
+    box->setView(list);
     return box;
 }
 
@@ -235,9 +241,9 @@ void EventPanel::buildConditionFrame()
 {
     Frame7 = commandFrame("Frame7"_L1, u"Conditions"_s);
     QGridLayout* grid = gridOf(Frame7);
-    Combo1 = choice("Combo1"_L1, u"Variable"_s, Frame7);
+    Combo1 = choice("Combo1"_L1, u"Variable"_s, 300, Frame7);
     Combo1->setToolTip(u"The variable that the condition looks at"_s);
-    Combo2 = choice("Combo2"_L1, u"Operator"_s, Frame7);
+    Combo2 = choice("Combo2"_L1, u"Operator"_s, 60, Frame7);
     Combo2->setToolTip(u"Whether the variable has to be the value, or to differ from it"_s);
     Combo2->setPlaceholderText(u"=  : égal | ! : différent"_s);
     Combo2->addItems({u"="_s, u"!"_s});

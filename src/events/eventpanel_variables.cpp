@@ -48,11 +48,11 @@ void EventPanel::Command18_Click()
     if (!host_.ownsProject()) {
         return;
     }
-    List1->clear();
-    const int count = VariableCount();
-    for (int number = 1; number <= count; ++number) {
-        List1->appendLine("Variable" + std::to_string(number));
+    std::vector<std::string> names(static_cast<std::size_t>(VariableCount()));
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        names[index] = "Variable" + std::to_string(index + 1);
     }
+    List1->setLines(std::move(names));
 }
 
 void EventPanel::List1_Click(int row)

@@ -42,6 +42,14 @@ std::vector<std::string> loadevent(const Path& path)
     return EventEntries(ReadWholeFile(path));
 }
 
+bool IsEventUnreadable(const Path& path)
+{
+    constexpr std::uintmax_t largestEvent = 16 << 20; // bytes
+    std::error_code failure;
+    const std::uintmax_t size = std::filesystem::file_size(path, failure);
+    return IsUnreadable(path) || (!failure && size > largestEvent);
+}
+
 void saveevent(const Path& path, const std::vector<std::string>& entries)
 {
     std::string text;

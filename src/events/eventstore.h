@@ -23,6 +23,11 @@ std::vector<std::string> EventEntries(std::string_view text);
 /// The entries of a file; none when it is missing or cannot be read.
 std::vector<std::string> loadevent(const Path& path);
 
+/// Whether something lies there that cannot be opened as an event: a file that cannot be read or holds more
+/// than 16 MB, each line of which would cost the list many times its bytes. To save over it would cost the
+/// content.
+bool IsEventUnreadable(const Path& path);
+
 /// Writes the entries that are not empty, each after a CR LF, and a closing CR LF. Failure: silent, as every
 /// write.
 void saveevent(const Path& path, const std::vector<std::string>& entries);

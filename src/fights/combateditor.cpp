@@ -1,6 +1,7 @@
 #include "fights/combateditor.h"
 
 #include "fights/fights.h"
+#include "store/numbers.h"
 #include "toolkit/pictures.h"
 #include "toolkit/scrollbar.h"
 #include "toolkit/text.h"
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-constexpr int boundBeforeFirstMove = 32767;
+constexpr int boundBeforeFirstMove = largestCount;
 constexpr int largestPoints = 10000;
 constexpr int pointsPage = 100;
 constexpr int pictureSize = 64;

@@ -64,13 +64,6 @@ bool isMarked(Cell cell)
 
 } // namespace
 
-QRect cellPlace(Cell cell)
-{
-    const QRect place = pxRect((cell.column - 1) * MapModel::cellWidth, (cell.row - 1) * MapModel::cellHeight,
-                               MapModel::cellWidth, MapModel::cellHeight);
-    return place & QRect(QPoint(), GridPicture::pixels);
-}
-
 GridOverlay::GridOverlay(QWidget* parent)
     : QWidget(parent)
 {

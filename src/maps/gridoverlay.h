@@ -32,6 +32,3 @@ protected:
 private:
     GridMarks marks_;
 };
-
-/// The place of a cell on the picture, in pixels; the part of the ninth row that the picture has room for.
-QRect cellPlace(Cell cell);

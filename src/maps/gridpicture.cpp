@@ -8,7 +8,6 @@
 #include "toolkit/metrics.h"
 
 #include <algorithm>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -61,6 +60,13 @@ bool lookSame(const MapModel& a, const MapModel& b)
 
 } // namespace
 
+QRect cellPlace(Cell cell)
+{
+    const QRect place = pxRect((cell.column - 1) * MapModel::cellWidth, (cell.row - 1) * MapModel::cellHeight,
+                               MapModel::cellWidth, MapModel::cellHeight);
+    return place & QRect(QPoint(), GridPicture::pixels);
+}
+
 GridPicture::GridPicture(QWidget* parent)
     : QWidget(parent)
     , canvas_(pixels, QImage::Format_ARGB32_Premultiplied)
@@ -107,8 +113,7 @@ void GridPicture::paintCells()
             if (picture == nullptr) {
                 continue;
             }
-            const QRect cell = pxRect((column - 1) * MapModel::cellWidth, (row - 1) * MapModel::cellHeight,
-                                      MapModel::cellWidth, MapModel::cellHeight);
+            const QRect cell = cellPlace({row, column});
             painter.drawImage(cell.topLeft(), *picture);
             if (map.isBlocked(slot)) {
                 drawMark(painter, cell, drawn_->marks);
@@ -124,8 +129,8 @@ const QImage* GridPicture::tile(const std::optional<std::string>& code)
             return picture;
         }
     }
-    const std::optional<int> number = code ? CountFrom(*code) : 0;
-    const QImage* found = number ? &tilePicture(TilePicture(drawn_->tileset, *number + 1)) : nullptr;
+    const std::optional<int> number = TileNumber(code);
+    const QImage* found = number ? &tilePicture(TilePicture(drawn_->tileset, *number)) : nullptr;
     return tiles_.emplace_back(code, found != nullptr && found->isNull() ? nullptr : found).second;
 }
 
@@ -222,15 +227,14 @@ bool GridPicture::walkByKey(int key)
 
 void GridPicture::keyPressEvent(QKeyEvent* event)
 {
-    const int key = event->key();
-    const bool pressKey = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool pressKey = isSpace(event) || isEnter(event);
     if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
         return QWidget::keyPressEvent(event);
     }
     walked_ = true;
     if (pressKey && !event->isAutoRepeat()) { // a key held down is one press
         press(current_);
-    } else if (!pressKey && !walkByKey(key)) {
+    } else if (!pressKey && !walkByKey(event->key())) {
         QWidget::keyPressEvent(event);
     }
 }

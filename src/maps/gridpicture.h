@@ -93,3 +93,6 @@ private:
     /// The tile pictures drawn so far, by code, each looked up once as long as the tileset stays.
     std::vector<std::pair<std::optional<std::string>, const QImage*>> tiles_;
 };
+
+/// The place of a cell on the picture, in pixels; the part of the ninth row that the picture has room for.
+QRect cellPlace(Cell cell);

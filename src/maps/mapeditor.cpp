@@ -5,6 +5,7 @@
 #include "toolkit/boxes.h"
 #include "toolkit/text.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -68,7 +69,7 @@ bool mapeditor::ownsProject() const
 
 std::string mapeditor::tilesetKey() const
 {
-    return ownsProject() ? ReadIni("Carte" + mapField(), "texture", Descriptor()) : std::string();
+    return ownsProject() ? ReadIni(MapSection(mapField()), "texture", Descriptor()) : std::string();
 }
 
 void mapeditor::loadmap()
@@ -107,18 +108,29 @@ void mapeditor::loadmap()
     showChange();
 }
 
+QString mapeditor::hindrance() const
+{
+    if (unreadable_) {
+        return u"a file of this map cannot be read. Mend it and load the map again."_s;
+    }
+    const bool startMissing = !CountFrom(typed(Label4->text())) || !CountFrom(typed(Label5->text()));
+    if (!mapFound_ && startMissing) {
+        return u"the file of this map is missing or empty. \"Change\" the hero's start to make it anew."_s;
+    }
+    return {};
+}
+
 void mapeditor::savemap()
 {
     Frame3->hide();
-    const auto startColumn = CountFrom(typed(Label4->text()));
-    const auto startRow = CountFrom(typed(Label5->text()));
-    const bool invalid = unreadable_ || (!mapFound_ && (!startColumn || !startRow));
-    if (!ownsProject() || currentMap_.empty() || invalid) {
+    if (!ownsProject() || currentMap_.empty() || !hindrance().isEmpty()) {
         return;
     }
-    WriteIni("Carte" + currentMap_, "nom", typed(Text1->text()), Descriptor());
+    const int startColumn = CountFrom(typed(Label4->text())).value_or(1);
+    const int startRow = CountFrom(typed(Label5->text())).value_or(1);
+    WriteIni(MapSection(currentMap_), "nom", typed(Text1->text()), Descriptor());
     WriteWholeFile(BlockFileText(map_), BlockFile(currentMap_));
-    WriteWholeFile(MapFileText(map_, startColumn.value_or(1), startRow.value_or(1)), MapFile(currentMap_));
+    WriteWholeFile(MapFileText(map_, startColumn, startRow), MapFile(currentMap_));
 }
 
 void mapeditor::drawmap()
@@ -127,10 +139,17 @@ void mapeditor::drawmap()
         return; // the picture keeps what it holds until the map's project is current again
     }
     const std::string tileset = tilesetKey();
-    if (tileset != chooserTileset_) {
+    if (!tileset.empty() && tileset != chooserTileset_) {
         refreshChooser(tileset); // another view changed the map's tileset
     }
     CarteImg->draw(map_, tileset, GridPicture::MarkPlace::Inset);
+}
+
+void mapeditor::Timer1_Timer()
+{
+    if (QApplication::activeModalWidget() == nullptr) { // what waits for a box is drawn when it has ended
+        drawmap();
+    }
 }
 
 void mapeditor::showPanel(bool shown)

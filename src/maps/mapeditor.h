@@ -36,9 +36,9 @@ public:
     /// missing or empty map file is reported, and the grid keeps what it holds. While no project is open
     /// nothing is loaded.
     void loadmap();
-    /// Writes the held map's files and its name. Nothing is written while its project is not current, nor
-    /// after a failed load while the hero's start is no number. In a map that was found such a start is saved
-    /// as 1.
+    /// Writes the held map's files and its name. Nothing is written while its project is not current, while
+    /// a file of it could not be read, nor after a failed load while the hero's start is no number. In a map
+    /// that was found such a start is saved as 1.
     void savemap();
     /// Draws rows 1 to 8 from the model, in the tileset that the descriptor names at this moment.
     void drawmap();
@@ -60,6 +60,11 @@ private:
     void connectButtons();
     void connectChoosers();
     void fitSurface(bool withPanel);
+
+    void Timer1_Timer();
+    /// Why nothing is saved though the project is open, for the author to read; empty when there is no
+    /// reason.
+    QString hindrance() const;
 
     // Clicks and the configuration frame (mapeditor_painting.cpp).
     void CarteImg_MouseDown(int x, int y);

@@ -3,6 +3,7 @@
 
 #include "maps/gridoverlay.h"
 #include "maps/tilepalette.h"
+#include "store/numbers.h"
 #include "toolkit/cutlabel.h"
 #include "toolkit/entry.h"
 #include "toolkit/metrics.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -76,7 +76,7 @@ void mapeditor::buildGrid()
     VScroll1->setGeometry(pxRect(7200, 0, 240, 3735));
     Timer1 = named<QTimer>("Timer1"_L1, this);
     Timer1->setInterval(redrawInterval);
-    connect(Timer1, &QTimer::timeout, this, &mapeditor::drawmap);
+    connect(Timer1, &QTimer::timeout, this, &mapeditor::Timer1_Timer);
     connect(CarteImg, &GridPicture::mouseDown, this, &mapeditor::CarteImg_MouseDown);
     footLine_ = textLabel("FootLine"_L1, {}, surface());
     footLine_->setGeometry(footLinePlace);
@@ -150,7 +150,7 @@ void mapeditor::buildMenus()
 
 void mapeditor::buildMapChooser()
 {
-    constexpr int boundBeforeFirstChange = 32767;
+    constexpr int boundBeforeFirstChange = largestCount;
     Frame1 = at(named<QGroupBox>("Frame1"_L1, u"Load a map"_s, surface()), px(12960), px(2040), 160, 62);
     at(textLabel("Label2"_L1, u"Map No. :"_s, Frame1), 6, 19, 54, 16);
     Label1 = at(textLabel("Label1"_L1, u"01"_s, Frame1), 61, 19, 36, 16);

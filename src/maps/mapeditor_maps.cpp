@@ -78,11 +78,9 @@ void mapeditor::Command14_Click()
     const std::string tileset = MapNumberText(HScroll2->value());
     const std::string mapNumber = mapField();
     std::string failure;
-    if (ownsProject()) {
-        WriteIni("Carte" + mapNumber, "texture", tileset, Descriptor());
-    }
     Frame4->hide();
     if (ownsProject()) {
+        WriteIni(MapSection(mapNumber), "texture", tileset, Descriptor());
         failure = CopyTilesetSheet(tileset, mapNumber);
     }
     drawmap();

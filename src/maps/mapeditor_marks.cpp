@@ -78,9 +78,9 @@ QString mapeditor::words(Cell cell)
         return {};
     }
     const auto slot = static_cast<std::size_t>(slotOf(cell.row, cell.column));
-    const std::optional<int> code = CountFrom(map_.tiles[slot].value_or("0"));
+    const std::optional<int> tile = TileNumber(map_.tiles[slot]);
     QString text = u"Row %1, column %2: "_s.arg(cell.row).arg(cell.column);
-    text += code ? u"tile %1"_s.arg(*code + 1) : u"no tile"_s;
+    text += tile ? u"tile %1"_s.arg(*tile) : u"no tile"_s;
     text += map_.isBlocked(static_cast<int>(slot)) ? u", blocked"_s : QString();
     text += cell == startCell() ? u", start of the hero"_s : QString();
     text += events()[slot] ? u", event"_s : QString();

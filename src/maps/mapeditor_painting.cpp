@@ -37,8 +37,8 @@ void mapeditor::CarteImg_MouseDown(int x, int y)
     keepStep(before, cell.row == 0
                          ? "Saving"
                          : "Row " + std::to_string(cell.row) + ", column " + std::to_string(cell.column));
-    if (unreadable_) {
-        say(u"Not saved: a file of this map cannot be read. Mend it and load the map again."_s);
+    if (const QString reason = hindrance(); !reason.isEmpty()) {
+        say(u"Not saved: "_s + reason);
     }
 }
 
@@ -63,6 +63,10 @@ bool mapeditor::apply(Cell cell)
         map_.tiles[static_cast<std::size_t>(slot)] = std::to_string(Choixtext->value() - 1);
         break;
     case Mode::Event:
+        if (IsEventUnreadable(eventpath(currentMap_, cell.row, cell.column))) {
+            say(u"The event of this cell cannot be opened: its file cannot be read, or holds more than 16 MB."_s);
+            return false;
+        }
         openCell_ = cell;
         Frame6->openCell(cell.row, cell.column);
         break;
@@ -124,11 +128,11 @@ void mapeditor::Command10_Click()
 void mapeditor::HScroll5_Change()
 {
     Label15->setText(u"Largeur = "_s + QString::number(HScroll5->value()));
-    HScroll4->setBound(HScroll5->value() - 16);
+    HScroll4->setBound(HScroll5->value() - (MapModel::columns - 1));
 }
 
 void mapeditor::HScroll6_Change()
 {
     Label16->setText(u"Hauteur = "_s + QString::number(HScroll6->value()));
-    VScroll1->setBound(HScroll6->value() - 7);
+    VScroll1->setBound(HScroll6->value() - (MapModel::rows - 1));
 }

@@ -40,7 +40,7 @@ std::string mapeditor::historyKey() const
 
 StepRecorder mapeditor::recordClick() const
 {
-    return {map_, heroStart(), {BlockFile(currentMap_), MapFile(currentMap_)}, "Carte" + currentMap_};
+    return {map_, heroStart(), {BlockFile(currentMap_), MapFile(currentMap_)}, MapSection(currentMap_)};
 }
 
 StepRecorder mapeditor::recordReset() const
@@ -126,7 +126,9 @@ void mapeditor::sayOutcome(const UndoResult& result, const QString& word)
     case UndoOutcome::Done:
         return say(u"%1: %2."_s.arg(shown(result.name), word));
     case UndoOutcome::ChangedElsewhere:
-        return say(u"Not %1: this map was changed elsewhere. Load it again to see it."_s.arg(word));
+        return say(
+            u"Not %1: this map's files were changed elsewhere. \"Load map\" shows what they hold."_s.arg(
+                word));
     case UndoOutcome::NotWritten:
         return say(u"Not wholly %1: a file cannot be written."_s.arg(word));
     }

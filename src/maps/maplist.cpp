@@ -8,13 +8,13 @@
 namespace
 {
 
-constexpr int largestCount = 32767; // what a count in the descriptor can say
+constexpr std::string_view sectionPrefix = "Carte";
 constexpr const char* descriptorUnwritable = "projet.ini cannot be written.";
 
-std::string reason(const std::error_code& failure, const Path& path)
+std::string failureAt(const std::error_code& failure, const Path& path)
 {
     const auto name = path.filename().u8string();
-    return platform::systemWords(failure) + " (" + AnsiFromUtf8(std::string(name.begin(), name.end())) + ")";
+    return FailureText(failure, AnsiFromUtf8(std::string(name.begin(), name.end())));
 }
 
 std::error_code folderThere(const Path& path)
@@ -42,7 +42,7 @@ bool copyTemplate(std::string_view name, const Path& target)
 /// False when the key is missing afterwards.
 bool setKey(const std::string& mapNumber, std::string_view key, std::string_view value, bool keep)
 {
-    const std::string section = "Carte" + mapNumber;
+    const std::string section = MapSection(mapNumber);
     if (!keep || ReadIni(section, key, Descriptor()).empty()) {
         WriteIni(section, key, value, Descriptor());
     }
@@ -60,8 +60,8 @@ std::string fillMap(const std::string& mapNumber)
         }
     }
     const bool blocks =
-        (keep && isThere(BlockFile(mapNumber))) || copyTemplate("ftgmev.dat", BlockFile(mapNumber));
-    const bool tiles = keep || copyTemplate("ftgmma.dat", MapFile(mapNumber));
+        (keep && isThere(BlockFile(mapNumber))) || copyTemplate(blockTemplate, BlockFile(mapNumber));
+    const bool tiles = keep || copyTemplate(mapTemplate, MapFile(mapNumber));
     if (!blocks || !tiles) {
         return "The files of the map cannot be written.";
     }
@@ -74,7 +74,7 @@ std::string makeFolders(const std::string& mapNumber)
 {
     for (const Path& folder : {ProjectFile("images/map" + mapNumber), ProjectFile("ev/map" + mapNumber)}) {
         if (const std::error_code failure = folderThere(folder)) {
-            return reason(failure, folder);
+            return failureAt(failure, folder);
         }
     }
     return {};
@@ -87,14 +87,19 @@ std::optional<int> MapCount()
     return CountFrom(ReadIni("Jeu", "cartes", Descriptor()));
 }
 
+std::string MapSection(std::string_view mapNumber)
+{
+    return std::string(sectionPrefix).append(mapNumber);
+}
+
 std::string MapName(std::string_view mapNumber)
 {
-    return ReadIni("carte" + std::string(mapNumber), "nom", Descriptor());
+    return ReadIni(MapSection(mapNumber), "nom", Descriptor());
 }
 
 std::vector<std::string> MapNames(int count)
 {
-    return NumberedIniValues(ReadWholeFile(Descriptor()), "carte", MapNumberText, "nom", count);
+    return NumberedIniValues(ReadWholeFile(Descriptor()), sectionPrefix, MapNumberText, "nom", count);
 }
 
 Path MapFile(std::string_view mapNumber)
@@ -119,11 +124,11 @@ std::string CopyTilesetSheet(std::string_view tileset, std::string_view mapNumbe
         return "The project has no folder.";
     }
     if (const std::error_code failure = folderThere(target.parent_path())) {
-        return reason(failure, target.parent_path());
+        return failureAt(failure, target.parent_path());
     }
     const Path sheet = TilesetSheet(tileset);
     const std::error_code failure = CopyWholeFile(sheet, target);
-    return failure ? reason(failure, sheet) : std::string();
+    return failure ? failureAt(failure, sheet) : std::string();
 }
 
 NewMapResult NewMap()

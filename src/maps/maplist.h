@@ -8,8 +8,15 @@
 #include <string_view>
 #include <vector>
 
+/// The files below AppDir/data that a new map begins with.
+inline constexpr std::string_view mapTemplate = "ftgmma.dat";
+inline constexpr std::string_view blockTemplate = "ftgmev.dat";
+
 /// The number of maps; nothing when the descriptor does not hold a count.
 std::optional<int> MapCount();
+
+/// The descriptor's section of a map, its number as MapNumberText.
+std::string MapSection(std::string_view mapNumber);
 
 /// The name of a map, its number as MapNumberText; empty when it has none.
 std::string MapName(std::string_view mapNumber);

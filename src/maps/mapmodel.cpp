@@ -1,5 +1,7 @@
 #include "maps/mapmodel.h"
 
+#include "store/numbers.h"
+
 namespace
 {
 
@@ -32,11 +34,6 @@ void appendRows(std::string& text, const MapModel::Slots& slots)
     }
 }
 
-std::string twoDigits(int number)
-{
-    return (number < 10 ? "0" : "") + std::to_string(number);
-}
-
 } // namespace
 
 Cell cellAt(int x, int y)
@@ -45,6 +42,12 @@ Cell cellAt(int x, int y)
     const bool inside =
         x >= 0 && y >= 0 && cell.row <= MapModel::storedRows && cell.column <= MapModel::columns;
     return inside ? cell : Cell{};
+}
+
+std::optional<int> TileNumber(const std::optional<std::string>& code)
+{
+    const std::optional<int> number = code ? CountFrom(*code) : 0;
+    return number ? std::optional(*number + 1) : std::nullopt;
 }
 
 bool MapModel::isBlocked(int slot) const
@@ -81,7 +84,7 @@ std::string HeroStartRow(std::string_view mapText)
 
 std::string MapFileText(const MapModel& map, int startColumn, int startRow)
 {
-    std::string text = twoDigits(startColumn) + twoDigits(startRow) + "\r\n";
+    std::string text = TwoDigits(startColumn) + TwoDigits(startRow) + "\r\n";
     appendRows(text, map.tiles);
     return text;
 }

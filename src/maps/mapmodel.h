@@ -11,7 +11,7 @@ struct MapModel {
     static constexpr int columns = 17;
     static constexpr int rows = 8;
     static constexpr int storedRows = 9;
-    static constexpr int slots = 201;
+    static constexpr int slots = 201; // the cells fill 153; the system has always held this many
     /// Size of a cell on the map's picture, in twips: 28 × 29 pixels, the size of a tile picture.
     static constexpr int cellWidth = 420;
     static constexpr int cellHeight = 435;
@@ -33,6 +33,10 @@ struct MapModel {
     /// for, a position past the end gives an empty text. The other slots keep what they hold.
     void read(std::string_view mapText, std::string_view blockText);
 };
+
+/// The tile, counted from 1, that a slot's code stands for; the first one for a slot that was never set,
+/// nothing for a code that is no number.
+std::optional<int> TileNumber(const std::optional<std::string>& code);
 
 /// A cell of the grid, counted from 1.
 struct Cell {

@@ -148,6 +148,7 @@ void TilePalette::paintEvent(QPaintEvent*)
 void TilePalette::resizeEvent(QResizeEvent*)
 {
     fitScrollBar();
+    bringIntoSight();
 }
 
 void TilePalette::mousePressEvent(QMouseEvent* event)
@@ -157,7 +158,7 @@ void TilePalette::mousePressEvent(QMouseEvent* event)
     }
 }
 
-/// The tile that a key leads to; 0 for a key that leads to none.
+/// The tile that a key leads to, maybe beyond the first or last one; 0 for a key that leads to none.
 int TilePalette::afterKey(int key) const
 {
     switch (key) {
@@ -178,17 +179,19 @@ int TilePalette::afterKey(int key) const
     case Qt::Key_Enter:
         return chosen_;
     default:
-        return -1;
+        return 0;
     }
 }
 
 void TilePalette::keyPressEvent(QKeyEvent* event)
 {
-    const int tile = afterKey(event->key());
-    if (tile > 0 && tile <= count_) {
+    const bool held = (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
+    const int tile = held ? 0 : afterKey(event->key());
+    if (tile == 0) {
+        QAbstractScrollArea::keyPressEvent(event);
+    } else if (tile > 0 && tile <= count_) {
         Q_EMIT picked(tile);
     }
-    event->setAccepted(event->key() != Qt::Key_Escape && event->key() != Qt::Key_Tab);
 }
 
 void TilePalette::focusInEvent(QFocusEvent*)

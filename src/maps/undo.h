@@ -70,8 +70,9 @@ struct UndoStep {
 class StepRecorder
 {
 public:
-    /// files:   those of the current project that the click may change; read now. Empty paths are passed
-    /// over. section: the descriptor's section whose name the click may change; empty when it changes none.
+    /// files: those of the current project that the click may change; read now. Empty paths are passed over.
+    ///
+    /// section: the descriptor's section whose name the click may change; empty when it changes none.
     StepRecorder(const MapModel& map, HeroStart start, const std::vector<Path>& files,
                  std::string section = {});
 

@@ -1,5 +1,6 @@
 #include "project/creation.h"
 
+#include "maps/maplist.h"
 #include "store/store.h"
 
 #include <array>
@@ -40,7 +41,7 @@ constexpr std::array scripts = {
 
 constexpr Copy firstTileset = {"images/terrains/terrain01/terrain01.png", "images/map01/terrain.png"};
 
-constexpr std::array firstMap = {Copy{"ftgmev.dat", "map01.ev"}, Copy{"ftgmma.dat", "map01.map"}};
+constexpr std::array firstMap = {Copy{blockTemplate, "map01.ev"}, Copy{mapTemplate, "map01.map"}};
 
 constexpr std::array folders = {
     "images", "images/System", "images/personnages", "images/personnages/hero", "images/map01",
@@ -49,14 +50,6 @@ constexpr std::array folders = {
 Path below(const Path& folder, std::string_view relative)
 {
     return folder / DiskName(relative);
-}
-
-/// The system's words for a failure, with the file or folder that it is about; a name beyond reason is cut.
-std::string description(const std::error_code& failure, std::string_view about)
-{
-    constexpr std::size_t longestShown = 100;
-    const std::string name(about.substr(0, longestShown));
-    return platform::systemWords(failure) + " (" + name + (about.size() > longestShown ? "...)" : ")");
 }
 
 void writeDescriptor(const Path& project, std::string_view name, std::string_view author)
@@ -76,7 +69,7 @@ std::optional<std::string> makeFolders(const Path& project)
 {
     for (const std::string_view folder : folders) {
         if (const std::error_code failure = platform::makeFolder(below(project, folder))) {
-            return description(failure, folder);
+            return FailureText(failure, folder);
         }
     }
     return std::nullopt;
@@ -86,7 +79,7 @@ std::optional<std::string> copyPicture(const Path& project, const Copy& copy)
 {
     const std::error_code failure =
         CopyWholeFile(below(AppDir() / "data", copy.source), below(project, copy.target));
-    return failure ? std::optional(description(failure, copy.source)) : std::nullopt;
+    return failure ? std::optional(FailureText(failure, copy.source)) : std::nullopt;
 }
 
 void copyText(const Path& project, const Copy& copy)
@@ -119,10 +112,10 @@ std::optional<std::string> CreateProject(const std::string& name, std::string_vi
 {
     const Path project = ProjectFolder(name);
     if (project.empty()) {
-        return description(std::make_error_code(std::errc::invalid_argument), name);
+        return FailureText(std::make_error_code(std::errc::invalid_argument), name);
     }
     if (const std::error_code failure = platform::makeFolder(project)) {
-        return description(failure, name);
+        return FailureText(failure, name);
     }
     writeDescriptor(project, name, author);
     if (auto failure = makeFolders(project)) {

@@ -7,7 +7,6 @@
 namespace
 {
 
-constexpr int largest = 32767;
 constexpr char noBreakBlank = '\xA0';
 
 bool isBlank(char c)
@@ -217,7 +216,12 @@ int rounded(const Decimal& number)
 std::optional<int> CountFrom(std::string_view text)
 {
     const auto count = bitsFrom(withoutBlanks(text), 10);
-    return count && *count <= largest ? std::optional<int>(*count) : std::nullopt;
+    return count && *count <= largestCount ? std::optional<int>(*count) : std::nullopt;
+}
+
+std::string TwoDigits(int number)
+{
+    return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
 std::optional<int> WholeNumber16(std::string_view text, const NumberMarks& marks)
@@ -235,7 +239,7 @@ std::optional<int> WholeNumber16(std::string_view text, const NumberMarks& marks
     takeExponent(text, *number);
     around.takeAfter(text);
     const int value = around.isNegative() ? -rounded(*number) : rounded(*number);
-    if (!text.empty() || !around.isWhole() || value < -largest - 1 || value > largest) {
+    if (!text.empty() || !around.isWhole() || value < -largestCount - 1 || value > largestCount) {
         return std::nullopt;
     }
     return value;

@@ -3,6 +3,7 @@
 #include "store/codepage.h"
 #include "store/ini.h"
 #include "store/leftovers.h"
+#include "store/numbers.h"
 
 #include <utility>
 
@@ -105,7 +106,7 @@ Path DiskName(std::string_view ansi)
 
 std::string MapNumberText(int number)
 {
-    return (number < 10 ? "0" : "") + std::to_string(number);
+    return TwoDigits(number);
 }
 
 std::string ReadIni(std::string_view section, std::string_view key, const Path& file)
@@ -150,6 +151,13 @@ void WriteWholeFile(std::string content, const Path& path)
         return;
     }
     platform::replaceFile(path, content.append("\r\n"));
+}
+
+std::string FailureText(const std::error_code& failure, std::string_view about)
+{
+    constexpr std::size_t longestShown = 100;
+    const std::string name(about.substr(0, longestShown));
+    return platform::systemWords(failure) + " (" + name + (about.size() > longestShown ? "...)" : ")");
 }
 
 std::error_code CopyWholeFile(const Path& source, const Path& target)

@@ -60,5 +60,8 @@ bool IsUnreadable(const Path& path);
 /// Replaces the whole content of `path` by `content` and one CR LF. Its folder must exist.
 void WriteWholeFile(std::string content, const Path& path);
 
+/// The system's words for a failure, and the file or folder that it is about; a name beyond reason is cut.
+std::string FailureText(const std::error_code& failure, std::string_view about);
+
 /// Copies a file's bytes over `target`, whole. Failure: the reason; an older target is then untouched.
 std::error_code CopyWholeFile(const Path& source, const Path& target);

@@ -2,7 +2,7 @@
 
 #include "toolkit/keys.h"
 
-#include <QApplication>
+#include <algorithm>
 #include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -64,10 +64,10 @@ bool DirectoryList::setPath(const QString& path)
         addFolder(name.isEmpty() ? folder : name, folder, depth++);
     }
     setCurrentRow(count() - 1);
-    const QStringList inner = QDir(path_).entryList(QDir::Dirs | QDir::NoDotAndDotDot,
+    const QStringList inner = QDir(path_).entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot,
                                                     QDir::Name | QDir::IgnoreCase | QDir::LocaleAware);
     for (const QString& name : inner) {
-        addFolder(name, path_ + u'/' + name, depth);
+        addFolder(name, QDir(path_).filePath(name), depth);
     }
     scrollToItem(currentItem(), QAbstractItemView::PositionAtTop);
     return true;

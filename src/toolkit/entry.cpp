@@ -82,14 +82,22 @@ void PressLabel::connectNotify(const QMetaMethod& reported)
     }
 }
 
-/// Makes up for releases that never came: the press may have made another view active, whose message box took
-/// them.
+/// Makes up for releases that never come: the press may have made another view active, whose message box
+/// takes them.
 void PressLabel::settle(int buttonsDown)
 {
     while (buttonsDown_ > buttonsDown) {
         --buttonsDown_;
         Q_EMIT released();
     }
+}
+
+bool PressLabel::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowBlocked) {
+        settle(0);
+    }
+    return QLabel::event(event);
 }
 
 void PressLabel::mouseMoveEvent(QMouseEvent* event)

@@ -153,9 +153,13 @@ HouseStyle::HouseStyle()
 int HouseStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const
 {
-    // The toolkit's own small pictures on the buttons of boxes are of another hand.
-    return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0
-                                                       : QProxyStyle::styleHint(hint, option, widget, data);
+    switch (hint) {
+    case SH_DialogButtonBox_ButtonsHaveIcons: // the toolkit's own small pictures are of another hand
+    case SH_ComboBox_Popup:                   // a menu measures each of its entries, be they thousands
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
 }
 
 void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

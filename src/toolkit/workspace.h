@@ -23,9 +23,7 @@ public:
 
     virtual void hideAcc() = 0;
 
-    /// Opens a map, by its MapNumberText, in a new map editor view beside the control panel. The map editor
-    /// view that the whole program shares would be hidden here; as nothing ever makes it, there is nothing to
-    /// hide.
+    /// Opens a map, by its MapNumberText, in a new map editor view beside the control panel.
     virtual void openMap(const std::string& mapNumber) = 0;
     virtual void openCombateditor() = 0;
 

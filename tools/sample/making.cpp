@@ -46,11 +46,11 @@ void saveEvent(const SampleEvent& event, const Path& file)
 
 void saveMap(const std::string& number, const SampleMap& map)
 {
-    if (ReadIni("Carte" + number, "texture", Descriptor()) != map.tileset) {
-        setKey("Carte" + number, "texture", map.tileset);
+    if (ReadIni(MapSection(number), "texture", Descriptor()) != map.tileset) {
+        setKey(MapSection(number), "texture", map.tileset);
         orThrow(CopyTilesetSheet(map.tileset, number));
     }
-    setKey("Carte" + number, "nom", map.name);
+    setKey(MapSection(number), "nom", map.name);
     write(BlockFileText(map.model), BlockFile(number));
     write(MapFileText(map.model, map.start.column, map.start.row), MapFile(number));
     for (const SampleEvent& event : map.events) {
