@@ -10,10 +10,10 @@ seed=${2:-1}
 preset=${3:-release}
 install_packages "${build_packages[@]}" "${test_packages[@]}"
 configure "$preset" -DQUESTFORGE_TESTS=ON
-build "$preset" stage monkey witness
+build "$preset" stage monkey diskcalls
 app_dir=out/Questforge
 [ "$preset" = release ] || app_dir=out/$preset/Questforge
 [ ! -d /dev/shm ] || export TMPDIR=/dev/shm # a busy disk would pass for a slow program
 export LSAN_OPTIONS="suppressions=$PWD/tests/tour/foreign_leaks.txt:print_suppressions=0"
-exec nice -n 19 /usr/bin/python3 -B tests/monkey/monkey.py "$app_dir" "out/$preset/tests/monkey" out/monkey \
-    "$steps" "$seed" long
+exec nice -n 19 /usr/bin/python3 -B tests/monkey/monkey.py "$app_dir" "out/$preset/tests/monkey" \
+    "out/$preset/tests/torture/libdiskcalls.so" out/monkey "$steps" "$seed" long

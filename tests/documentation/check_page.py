@@ -15,56 +15,43 @@ LARGEST_SUM = 1_500_000  # bytes of all pictures
 LOADING = {"src", "href", "poster", "data", "action", "background"}
 
 
-def candidates(srcset):
-    """The pictures of a choice, each with the scale that it is meant for."""
-    words = [candidate.split() for candidate in srcset.split(",") if candidate.strip()]
-    return [(path, int(scale[0].removesuffix("x")) if scale else 1) for path, *scale in words]
-
-
 class Page(HTMLParser):
-    """What a page consists of."""
+    """What a page consists of: its elements with their attributes, and its text with one blank for many."""
 
     def __init__(self, markup):
         super().__init__()
-        self.ids, self.targets, self.images, self.headings, self.texts = [], [], [], [], []
-        self._headed = False
-        self._choice = []
+        self.elements, self._texts = [], []
         self.feed(markup)
-
-    @property
-    def text(self):
-        """What is read, with one blank wherever the markup has any."""
-        return re.sub(r"\s+", " ", "".join(self.texts))
+        self.text = re.sub(r"\s+", " ", "".join(self._texts))
 
     def handle_starttag(self, tag, attrs):
-        attrs = dict(attrs)
-        self.ids += [attrs["id"]] if "id" in attrs else []
-        self.targets += [value for name, value in attrs.items() if name in LOADING]
-        self._choice += candidates(attrs.get("srcset") or "")
-        if tag == "img":
-            self.images.append(attrs | {"choice": self._choice})
-            self.targets += [path for path, _ in self._choice]
-            self._choice = []
-        self._headed = re.fullmatch("h[1-6]", tag)
-        if self._headed:
-            self.headings.append((int(tag[1]), attrs.get("id"), []))
-
-    def handle_endtag(self, tag):
-        self._headed = self._headed and not re.fullmatch("h[1-6]", tag)
+        self.elements.append((tag, {name: value or "" for name, value in attrs}))
 
     def handle_data(self, data):
-        self.texts.append(data)
-        if self._headed:
-            self.headings[-1][2].append(data)
+        self._texts.append(data)
+
+    def values(self, *names):
+        return [value for _, attrs in self.elements for name, value in attrs.items() if name in names]
+
+    def pictures(self):
+        """The attributes of each picture, and the paths that may stand for it with their scales."""
+        choice = []
+        for tag, attrs in self.elements:
+            words = [candidate.split() for candidate in attrs.get("srcset", "").split(",") if candidate.strip()]
+            choice += [(path, int(scale[0].removesuffix("x")) if scale else 1) for path, *scale in words]
+            if tag == "img":
+                yield attrs, [(attrs.get("src", ""), 1), *choice]
+                choice = []
 
 
 def check_links(page, doc):
     """Links stay in the page or lead to files beside it; nothing is loaded from elsewhere."""
-    for name in sorted({name for name in page.ids if page.ids.count(name) > 1}):
+    ids = page.values("id")
+    for name in sorted({name for name in ids if ids.count(name) > 1}):
         yield f"the id {name} is there twice"
-    for target in page.targets:
+    for target in [*page.values(*LOADING), *(path for _, choice in page.pictures() for path, _ in choice)]:
         if target.startswith("#"):
-            if target[1:] not in page.ids:
+            if target[1:] not in ids:
                 yield f"a link leads to {target}, which is not there"
         elif not re.fullmatch(r"[\w./-]+", target) or not (doc / target).is_file():
             yield f"{target} is no file beside the page"
@@ -78,39 +65,30 @@ def check_style(markup):
 def check_headings(page):
     """No level is left out; what the reader may look for is in the table of contents."""
     before = 0
-    for level, name, pieces in page.headings:
-        title = "".join(pieces)
+    for level, name in ((int(tag[1]), attrs.get("id")) for tag, attrs in page.elements if re.match("h[1-6]", tag)):
         if level > before + 1:
-            yield f"the heading {title} is too low"
-        if level in (2, 3) and title != "projet.ini" and f"#{name}" not in page.targets:
-            yield f"no link leads to the heading {title}"
+            yield f"the heading {name} is too low"
+        if level in (2, 3) and name != "ini" and f"#{name}" not in page.values("href"):
+            yield f"no link leads to the heading {name}"
         before = level
 
 
-def size_of(path):
-    with Image.open(path) as picture:
-        return picture.size
-
-
-def check_sizes(image, doc):
-    """A picture has the size that the page tells, each that may stand for it the same at its scale."""
-    for name, scale in [(image.get("src", ""), 1), *image["choice"]]:
-        told = [int(image.get(side) or 0) * scale for side in ("width", "height")]
-        if (doc / name).is_file() and told != list(size_of(doc / name)):
-            yield f"{name} has the size {size_of(doc / name)}, not {told}"
-
-
 def check_pictures(page, doc):
-    shown = {name for image in page.images for name in (image.get("src", ""), *dict(image["choice"]))}
+    """Each has words, and the size that the page tells: at its scale, if it stands for another."""
+    shown = set()
+    for attrs, choice in page.pictures():
+        if not attrs.get("alt"):
+            yield f"{attrs.get('src')} has no words for who does not see it"
+        for name, scale in choice:
+            shown.add(name)
+            told = tuple(int(attrs.get(side) or 0) * scale for side in ("width", "height"))
+            if (doc / name).is_file() and told != (size := Image.open(doc / name).size):
+                yield f"{name} has the size {size}, not {told}"
     kept = {path.relative_to(doc).as_posix() for path in (doc / "pictures").rglob("*") if path.is_file()}
     for name in sorted(kept - shown):
         yield f"{name} is shown nowhere"
     if sum((doc / name).stat().st_size for name in kept) > LARGEST_SUM:
         yield "the pictures are too large"
-    for image in page.images:
-        if not image.get("alt"):
-            yield f"{image.get('src')} has no words for who does not see it"
-        yield from check_sizes(image, doc)
 
 
 def unescaped(literal):

@@ -9,28 +9,24 @@ namespace engine::testing
 namespace
 {
 
-// Notes each cell whose event is run.
-constexpr const char* noteCells = "seen = ''\r\n"
-                                  "function runev(colonne,ligne,map)\r\n"
-                                  "seen = seen .. colonne + 0 .. ',' .. ligne + 0 .. ' ' .. map .. ';'\r\n"
-                                  "end\r\n\r\n";
-
 TEST(Events, RunOnceForEachCellEnteredAndForABlockedOneWhenCrossIsPressedBeforeIt)
 {
     Game game;
     game.map("01", "0401", "00000000000000000\r\n000100\r\n");
-    game.file("ev.lua", noteCells);
+    game.file("ev.lua", "seen = ''\r\n"
+                        "function runev(colonne,ligne,map)\r\n"
+                        "seen = seen .. colonne + 0 .. ',' .. ligne + 0 .. ' ' .. map .. ';'\r\n"
+                        "end\r\n\r\n");
     game.begin();
     game.wait(30);
     game.walk(button::right, 2);
     game.press(button::cross);
     game.walk(button::left, 2);
     game.walk(button::down, 1);
-    const Frame bumped = game.watch("seen");
-    game.press(button::cross);
-    game.press(button::cross);
+    const std::string& bumped = game.watch("seen");
+    game.press(button::cross, 2);
     game.run();
-    EXPECT_EQ(game.valueAt(bumped, "seen"), "5,1 01;6,1 01;5,1 01;4,1 01;");
+    EXPECT_EQ(bumped, "5,1 01;6,1 01;5,1 01;4,1 01;");
     EXPECT_EQ(game.value("seen"), "5,1 01;6,1 01;5,1 01;4,1 01;4,2 01;4,2 01;");
 }
 
@@ -66,19 +62,18 @@ TEST(Events, ShowTheirChangesBeforeTheyPause)
     game.event(5, 5,
                "hero.x = 12\r\nscreen.waitVblankStart(30)\r\nscreen.waitVblankStart(-3)\r\nafter = true");
     game.begin();
-    const Frame before = game.capture();
+    const Image& before = game.capture();
     game.walk(button::right, 1);
-    const Frame pausing = game.capture();
+    const Image& pausing = game.capture();
     game.wait(22);
-    const Frame over = game.watch("after");
+    const std::string& over = game.watch("after");
     game.wait(20);
     game.run();
-    EXPECT_EQ(game.valueAt(over, "after"), "nil");
+    EXPECT_EQ(over, "nil");
     EXPECT_EQ(game.value("after"), "true");
     const int middleOfTarget = 2 + 11 * 28 + 14;
     const int row = 36 + 4 * 29 + 14;
-    EXPECT_NE(game.pictureAt(before).pixel(middleOfTarget, row),
-              game.pictureAt(pausing).pixel(middleOfTarget, row));
+    EXPECT_NE(before.pixel(middleOfTarget, row), pausing.pixel(middleOfTarget, row));
 }
 
 TEST(Events, ChangeTheMapAtTheirEnd)
@@ -114,9 +109,9 @@ TEST(Events, KillTheHeroAndTheTitleComesBack)
         Game game;
         game.map("02", "1002");
         game.enter("screen.waitVblankStart(10)\r\n" + lines);
-        const Frame alive = game.capture();
+        const Image& alive = game.capture();
         game.wait(20);
-        const Frame dead = game.capture();
+        const Image& dead = game.capture();
         game.press(button::cross);
         game.wait(2);
         game.run();
@@ -124,43 +119,7 @@ TEST(Events, KillTheHeroAndTheTitleComesBack)
         EXPECT_EQ(game.value("jeu.map.number"), "01");
         const int headOfHero = 36 + 4 * 29 + 5;
         const int middleOfHero = 2 + 4 * 28 + 14;
-        EXPECT_NE(game.pictureAt(alive).pixel(middleOfHero, headOfHero),
-                  game.pictureAt(dead).pixel(middleOfHero, headOfHero));
-    }
-}
-
-// The lines are typed by hand, so the game must show what is wrong with them and still be a game.
-TEST(Events, TellTheirMistakesAndTheGameGoesOn)
-{
-    struct Mistake {
-        const char* file;
-        const char* lines;
-        const char* message;
-    };
-    const Mistake mistakes[] = {
-        {"ev.lua", "function runev(colonne,ligne,map)\r\naffichertexte(\"a\"b\")\r\nend\r\n", "ev.lua:2:"},
-        {"ev.lua", "function runev()\r\n\r\nlocal x = 1 + nil\r\nend\r\n",
-         "map 01, row 5, column 5: ev.lua:3:"},
-        {"ev.lua", "function runev() error({}) end", "column 5: ev.lua:1: table:"},
-        {"ev.lua", "function runev() return runev() + 1 end", "stack overflow"},
-        {"ev.lua", "function runev() jeu = nil var = 5 nothing() end", "'nothing'"},
-        {"ev.lua", "function runev() local t = {} while true do t[#t + 1] = {} end end", "not enough memory"},
-        {"variables.lua", "var = {}\r\nvar[1] = \"a\"b\"\r\n", "variables.lua, line 2: a quote"},
-    };
-    for (const auto& [file, lines, message] : mistakes) {
-        Game game;
-        game.file(file, lines);
-        game.begin();
-        game.press(button::cross);
-        game.walk(button::right, 1);
-        game.wait(60);
-        game.press(button::cross);
-        game.walk(button::up, 1);
-        game.wait(60);
-        game.press(button::cross);
-        EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
-        EXPECT_TRUE(contains(game.told(), message)) << game.told();
-        EXPECT_EQ(game.place(), "5,4") << message;
+        EXPECT_NE(alive.pixel(middleOfHero, headOfHero), dead.pixel(middleOfHero, headOfHero));
     }
 }
 
@@ -189,20 +148,6 @@ TEST(Events, MayCallTheirOwnThingsAsTheyLike)
     game.walk(button::right, 1);
     EXPECT_EQ(game.run(), Outcome::Closed);
     EXPECT_TRUE(contains(game.pages(), "still here"));
-}
-
-TEST(Events, AreNotNeededForAGame)
-{
-    Game game;
-    game.remove("ev.lua");
-    game.file("variables.lua", "--Variables du jeu\r\n");
-    game.begin();
-    game.press(button::cross);
-    game.walk(button::right, 1);
-    game.run();
-    EXPECT_TRUE(contains(game.pages(), "ev.lua")) << game.pages();
-    EXPECT_EQ(game.place(), "5,5");
-    EXPECT_EQ(game.value("type(var)"), "table");
 }
 
 } // namespace

@@ -2,91 +2,63 @@
 
 #include "tests/player/harness.h"
 
-#include <filesystem>
-#include <map>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace engine::testing
 {
 
 using player::Buttons;
+using player::Image;
 using player::Outcome;
 using player::testing::Frame;
 namespace button = player::button;
 
-/// The folder with the engine's scripts and the pictures that a project starts with.
-std::filesystem::path sourceFolder();
-
-/// The bytes of a file of that folder.
-std::string sourceText(const std::filesystem::path& name);
-
-/// A text of the engine as it lies in a project: Windows-1252, CR LF, and one CR LF more.
-std::string projectText(std::string_view text);
-
-/// A game in a folder of its own, laid out as a new project whose first map is an empty meadow, and somebody
-/// who plays it. Each act takes up the frames it needs; the game runs when it is asked to.
-class Game
+/// A game in a folder of its own: a new project, made by the editor's core, whose first map is an empty
+/// meadow, and somebody who plays it. Each act takes up the frames it needs; the game runs when it is asked
+/// to. One game at a time.
+class Game : private player::testing::TempFolder, public player::testing::PlayerRun
 {
 public:
     static constexpr Frame framesPerCell = 14;
 
     Game();
 
-    /// Writes a file of the project, bytes as they are.
-    void file(const std::string& name, std::string_view content) const;
-    std::string content(const std::string& name) const { return folder_.read(project_ / name); }
-    void remove(const std::string& name) const;
+    /// Writes, reads and removes a file of the project, bytes as they are.
+    void file(const std::string& name, std::string_view content) const { write(project_ + name, content); }
+    std::string content(const std::string& name) const { return read(project_ + name); }
+    void remove(const std::string& name) const { TempFolder::remove(project_ + name); }
 
     /// A map with a start ("0405"), plain grass and these block flags: eight rows of 17; empty is no block.
     /// Its picture is there.
     void map(const std::string& number, const std::string& start, const std::string& blocks = "") const;
 
-    /// Attaches lines to a cell. ev.lua is made of all of them, as the editor does, when the game runs.
+    /// Attaches lines to a cell. ev.lua is made of all of them when the game runs.
     void event(const std::string& map, int column, int row, const std::string& lines);
     void event(int column, int row, const std::string& lines) { event("01", column, row, lines); }
 
-    /// A tap, and the time to react to it.
-    void press(Buttons buttons);
+    /// A tap, so many times, and the time to react to it.
+    void press(Buttons buttons, int times = 1);
 
     /// Holds a direction for so many cells (at a wall: for as long as they would take).
     void walk(Buttons direction, int cells);
     void wait(Frame frames) { now_ += frames; }
 
     /// From now on these buttons are held down.
-    void hold(Buttons buttons) { player().hold(now_, buttons); }
+    void hold(Buttons buttons) { PlayerRun::hold(now_, buttons); }
 
     /// "New game" from the title.
-    void begin();
+    void begin() { press(button::cross); }
 
     /// Begins a game and walks onto the next cell, to the right of the start, whose event has these lines.
-    void enter(const std::string& lines)
-    {
-        event(5, 5, lines);
-        begin();
-        walk(button::right, 1);
-    }
+    void enter(const std::string& lines);
 
-    /// The frame that the next act starts with.
-    Frame now() const { return now_; }
-
-    /// Keeps an expression's value, or the picture, of this moment.
-    Frame watch(const std::string& expression);
-    Frame capture();
+    /// An expression's value, and the picture, of this moment or one so many frames later; told by the run.
+    const std::string& watch(const std::string& expression) { return PlayerRun::watch(now_, expression); }
+    const Image& capture(Frame later = 0) { return PlayerRun::capture(now_ + later); }
 
     /// Runs all acts and closes the game after them.
     Outcome run();
-
-    /// Of the finished run.
-    std::string value(const std::string& expression) { return player().value(expression); }
-
-    std::string valueAt(Frame frame, const std::string& expression)
-    {
-        return player().watched(frame, expression);
-    }
-    const player::Image& pictureAt(Frame frame) { return player().captured(frame); }
 
     /// The hero's cell, "column,row".
     std::string place() { return value(placeOfHero); }
@@ -98,16 +70,11 @@ public:
     /// The same, with each picture's texts as one running text.
     std::string told();
 
-    player::testing::PlayerRun& player();
-
 private:
-    player::testing::TempFolder folder_;
-    std::filesystem::path project_ = "projets/Essai";
-    void writeEvents() const;
+    std::filesystem::path layOut() const;
 
-    /// By map, row and column.
-    std::map<std::string, std::map<std::pair<int, int>, std::string>> events_;
-    std::optional<player::testing::PlayerRun> player_;
+    std::string project_ = "projets/Essai/";
+    int mapsWithEvents_ = 0;
     Frame now_ = 5;
 };
 

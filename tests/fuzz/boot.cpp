@@ -6,30 +6,25 @@
 
 #include <algorithm>
 #include <lua.hpp>
-#include <memory>
 
 namespace
 {
 
-struct CloseState {
-    void operator()(lua_State* L) const { lua_close(L); }
-};
-
 /// The folder that the script moves into before it hands over; empty when it does not get there.
 std::string folderEntered(const std::string& script)
 {
-    const std::unique_ptr<lua_State, CloseState> state(luaL_newstate());
-    lua_State* const L = state.get();
-    const std::string world = "System = {currentDirectory = function(name) entered = name end} "
-                              "dofile = function(name) result = name == 'index.lua' and entered or nil end";
-    if (luaL_loadstring(L, world.c_str()) != 0 || lua_pcall(L, 0, 0, 0) != 0 ||
-        luaL_loadbuffer(L, script.data(), script.size(), "index.lua") != 0 || lua_pcall(L, 0, 0, 0) != 0) {
-        return {};
-    }
+    lua_State* const L = luaL_newstate();
+    const char* const world = "System = {currentDirectory = function(name) entered = name end} result = '' "
+                              "dofile = function(name) result = name == 'index.lua' and entered or '' end";
+    const bool runs = luaL_loadstring(L, world) == 0 && lua_pcall(L, 0, 0, 0) == 0 &&
+                      luaL_loadbuffer(L, script.data(), script.size(), "index.lua") == 0 &&
+                      lua_pcall(L, 0, 0, 0) == 0;
     lua_getglobal(L, "result");
     std::size_t length = 0;
     const char* const entered = lua_tolstring(L, -1, &length);
-    return entered == nullptr ? std::string() : std::string(entered, length);
+    const std::string result(entered, runs ? length : 0);
+    lua_close(L);
+    return result;
 }
 
 } // namespace

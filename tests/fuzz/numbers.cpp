@@ -3,8 +3,11 @@
 
 #include "store/numbers.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
+#include <string>
 
 namespace
 {
@@ -17,26 +20,19 @@ const std::array<NumberMarks, 5> locales = {{
     {'.', '\0', "E"},
 }};
 
-/// The number by the way of doubles, for texts that are short enough for it to be exact: a sign, digits with
-/// at most one decimal mark, and a short exponent.
+/// The number by the way of doubles, of a text that is plain, and short enough for it to be exact.
 std::optional<double> simpleNumber(std::string text, char decimalMark)
 {
     constexpr std::size_t exact = 14;
-    const std::size_t exponent = std::min(text.find('e'), text.size());
-    const std::size_t mark = text.find(decimalMark);
-    if (mark < exponent) {
-        text[mark] = '.';
-    }
-    const std::size_t first = text.find_first_of("0123456789");
-    const bool plain = first < exponent && text.find_first_not_of("0123456789.e+-") == std::string::npos &&
-                       text.find_first_of("+-", first) >= exponent && exponent <= exact &&
-                       text.size() - exponent < 5;
-    if (!plain || (mark >= exponent && text.find('.') != std::string::npos)) {
+    if (text.size() > exact ||
+        text.find_first_not_of(std::string("0123456789e-") + decimalMark) != std::string::npos) {
         return std::nullopt;
     }
-    char* end = nullptr;
-    const double number = std::strtod(text.c_str(), &end);
-    return *end == '\0' ? std::optional(number) : std::nullopt;
+    std::replace(text.begin(), text.end(), decimalMark, '.');
+    double number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [last, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && last == end ? std::optional(number) : std::nullopt;
 }
 
 } // namespace

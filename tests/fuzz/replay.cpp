@@ -2,13 +2,12 @@
 // which a fixed run of chance has changed some bytes.
 #include "target.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <set>
 #include <string>
-#include <vector>
 
 namespace
 {
@@ -20,25 +19,6 @@ void feed(const std::string& input)
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
 }
 
-void feedChanged(std::string input, std::minstd_rand& chance)
-{
-    for (auto changes = 1 + chance() % 4; changes > 0 && !input.empty(); --changes) {
-        const std::size_t place = chance() % input.size();
-        const std::size_t other = chance() % input.size();
-        switch (chance() % 3) {
-        case 0:
-            input[place] = static_cast<char>(chance() % 256);
-            break;
-        case 1:
-            input.erase(place, 1 + chance() % 4);
-            break;
-        default:
-            input.insert(place, input.substr(other, 1 + chance() % 8));
-        }
-    }
-    feed(input);
-}
-
 void feedFile(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
@@ -48,8 +28,15 @@ void feedFile(const std::filesystem::path& path)
         feed(input.substr(0, length));
     }
     std::minstd_rand chance(1);
-    for (int i = 0; i < copiesOfEach; ++i) {
-        feedChanged(input, chance);
+    for (int i = 0; i < copiesOfEach && !input.empty(); ++i) {
+        std::string changed = input;
+        for (auto changes = 1 + chance() % 4; changes > 0; --changes) {
+            const std::string piece = chance() % 2 == 0
+                                          ? std::string(chance() % 2, static_cast<char>(chance()))
+                                          : input.substr(chance() % input.size(), 8);
+            changed.replace(chance() % (changed.size() + 1), chance() % 4, piece);
+        }
+        feed(changed);
     }
 }
 
@@ -62,8 +49,7 @@ int main(int count, char** arguments)
         return 2;
     }
     const std::filesystem::directory_iterator folder(arguments[1]);
-    std::vector<std::filesystem::path> paths(begin(folder), end(folder));
-    std::sort(paths.begin(), paths.end());
+    const std::set<std::filesystem::path> paths(begin(folder), end(folder)); // in order
     for (const auto& path : paths) {
         feedFile(path);
     }

@@ -6,6 +6,7 @@
 #include "player/sandbox.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <string>
 
@@ -42,73 +43,41 @@ struct Tree {
     std::set<fs::path> known;
 };
 
-/// Where a file that is open truly lies.
-fs::path placeOf(const FileHandle& file)
-{
-    return fs::read_symlink("/proc/self/fd/" + std::to_string(::fileno(file.get())));
-}
-
 bool isBelow(const fs::path& path, const fs::path& folder)
 {
     return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
 }
 
 /// One game's run, checked at every step against what the sandbox says of itself.
-class Run
-{
-public:
-    Run(const Tree& tree, bool inProject)
-        : tree_(tree)
-        , sandbox_(inProject ? tree.demo : tree.app)
-        , root_(inProject ? tree.demo : fs::path())
-    {
-    }
+struct Run {
+    const Tree& tree;
+    Sandbox sandbox;
+    fs::path root; // of the game; empty until it enters a project
 
-    void step(std::string_view line)
-    {
-        try {
-            const char action = line.front();
-            line.remove_prefix(1);
-            if (action == 'c') {
-                enter(line);
-            } else if (action == 'r') {
-                open(line, FileMode::Read);
-            } else if (action == 'w' || action == 'a') {
-                open(line, action == 'w' ? FileMode::Write : FileMode::AppendAndRead);
-            }
-        } catch (const PathRefused&) {
-            return;
-        }
-    }
-
-private:
     void enter(std::string_view folder)
     {
-        sandbox_.changeDirectory(folder);
-        const fs::path entered = sandbox_.currentDirectory();
-        if (root_.empty() && entered != tree_.app) {
-            Require(entered == tree_.demo || entered == tree_.app / "projets/other", "a project is entered");
-            root_ = entered;
+        sandbox.changeDirectory(folder);
+        const fs::path entered = sandbox.currentDirectory();
+        if (root.empty() && entered != tree.app) {
+            Require(entered == tree.demo || entered == tree.app / "projets/other", "a project is entered");
+            root = entered;
         }
-        Require(root_.empty() || isBelow(entered, root_), "no folder outside the project is entered");
-        sandbox_.changeDirectory(sandbox_.currentDirectory());
-        Require(sandbox_.currentDirectory() == entered.string(), "the current folder leads to itself");
+        Require(root.empty() || isBelow(entered, root), "no folder outside the project is entered");
+        sandbox.changeDirectory(sandbox.currentDirectory());
+        Require(sandbox.currentDirectory() == entered.string(), "the current folder leads to itself");
     }
 
     void open(std::string_view path, FileMode mode)
     {
-        const fs::path place = placeOf(sandbox_.open(path, mode));
-        if (!tree_.known.contains(place)) {
+        const FileHandle file = sandbox.open(path, mode);
+        const fs::path place = fs::read_symlink("/proc/self/fd/" + std::to_string(::fileno(file.get())));
+        if (!tree.known.contains(place)) {
             fs::remove(place);
         }
-        Require(root_.empty() ? place.parent_path() == tree_.app && mode == FileMode::Read
-                              : isBelow(place, root_),
+        Require(root.empty() ? place.parent_path() == tree.app && mode == FileMode::Read
+                             : isBelow(place, root),
                 "no file outside is opened");
     }
-
-    const Tree& tree_;
-    Sandbox sandbox_;
-    fs::path root_;
 };
 
 } // namespace
@@ -116,12 +85,22 @@ private:
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const Tree tree;
+    static const std::map<char, FileMode> modes = {
+        {'r', FileMode::Read}, {'w', FileMode::Write}, {'a', FileMode::AppendAndRead}};
     std::string_view input = TextOf(data, size);
-    Run run(tree, TakeLine(input) == "p");
+    const fs::path root = TakeLine(input) == "p" ? tree.demo : fs::path();
+    Run run{tree, Sandbox(root.empty() ? tree.app : root), root};
     while (!input.empty()) {
         const std::string_view line = TakeLine(input);
-        if (!line.empty()) {
-            run.step(line);
+        const char action = line.empty() ? '\0' : line.front();
+        try {
+            if (action == 'c') {
+                run.enter(line.substr(1));
+            } else if (modes.contains(action)) {
+                run.open(line.substr(1), modes.at(action));
+            }
+        } catch (const PathRefused&) {
+            continue;
         }
     }
     return 0;

@@ -20,8 +20,8 @@ class Keys:
 
     def __init__(self, stage):
         self.program = Program(stage.program, stage.socket)
-        self.main = wait_for("the main window opens", lambda: self.program.look("Mainform").window)
-        focus(self.main)
+        self._main = wait_for("the main window opens", lambda: self.program.look("Mainform").window)
+        focus(self._main)
 
     def press(self, *names):
         xdotool("key", "--delay", 30, *names)
@@ -33,15 +33,15 @@ class Keys:
     def await_focus(self, path):
         wait_for(f"{path} has the keys", lambda: self.has_focus(path))
 
-    def tab_to(self, path, key="Tab"):
+    def tab_to(self, path):
         """Goes from control to control of a view until this one has the focus."""
-        focus(self.main)
+        focus(self._main)
         self.program.await_shown(path)
         for _ in range(_CONTROLS):
             if self.has_focus(path):
                 return
-            self.press(key)
-        raise Missed(f"{key} leads to {path}")
+            self.press("Tab")
+        raise Missed(f"Tab leads to {path}")
 
     def use(self, path, key="space"):
         """Goes to a control and presses it."""
@@ -73,27 +73,24 @@ class Keys:
     def _confirm(self, box):
         self.press("Return")
         self.program.await_gone(box)
-        focus(self.main)  # a window manager would
+        focus(self._main)  # a window manager would
 
 
 def _stop(number, _frame):
     raise Missed(f"the test ends in time (signal {signal.Signals(number).name})")
 
 
-def perform(play, app_dir, plugins, **environment):
-    """Runs play(stage) on a stage where the program was started; answers the exit code."""
+def main(play, usage, **environment):
+    """Runs play(stage, keys) on a stage where the program was started; ends the process."""
+    if len(sys.argv) != 3:
+        sys.exit(usage)
     signal.signal(signal.SIGALRM, _stop)
     signal.alarm(TIME_LIMIT)
-    try:
-        with Stage(app_dir, plugins) as stage:
-            stage.start_program(**environment)
-            try:
-                play(stage)
-            except Exception:
-                print(stage.log(), end="", file=sys.stderr)
-                picture.save_screen(SCREEN, Path("stopped.png"))
-                raise
-    except Missed as failure:
-        print(f"This did not happen: {failure}", file=sys.stderr)
-        return 1
-    return 0
+    with Stage(*sys.argv[1:]) as stage:
+        stage.start_program(**environment)
+        try:
+            play(stage, Keys(stage))
+        except Exception as failure:
+            print(stage.log(), end="", file=sys.stderr)
+            picture.from_screen(SCREEN).save("stopped.png")
+            sys.exit(f"This did not happen: {failure!r}")

@@ -8,11 +8,14 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from display import Display
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tour"))
+
+from stage import open_display
+from waiting import wait_for
 
 SOURCES, APP, MAKE_SAMPLE = (Path(argument).resolve() for argument in sys.argv[1:4])
 WORK = Path(tempfile.mkdtemp(prefix="package-"))
-PACKAGED, DEB = WORK / "out", WORK / "deb"
+PACKAGED, ARCHIVED, DEB = WORK / "out", WORK / "archive", WORK / "deb"
 SAMPLE = "projets/A Letter for the Moon/projet.ini"
 
 
@@ -37,7 +40,9 @@ def setUpModule():
     result, words = said(SOURCES / "packaging/make", app, MAKE_SAMPLE, PACKAGED)
     if result != 0:
         raise RuntimeError(words)
-    subprocess.run(["tar", "-xf", next(PACKAGED.glob("*.tar.xz")), "-C", WORK], check=True)
+    ARCHIVED.mkdir()
+    archive = next(PACKAGED.glob("*.tar.xz"))
+    subprocess.run(["tar", "-xf", archive, "-C", ARCHIVED, "--strip-components=1"], check=True)
     subprocess.run(["dpkg-deb", "-x", next(PACKAGED.glob("*.deb")), DEB], check=True)
 
 
@@ -66,7 +71,7 @@ class Handed(unittest.TestCase):
         shipped = {str(path.relative_to(SOURCES)) for kind in ("data", "Doc")
                    for path in (SOURCES / kind).rglob("*") if path.is_file()}
         shipped |= {f"data/ftg{name}.dat" for name in ("i", "ms", "r", "m", "ev", "mma", "mev")}
-        for folder in (next(WORK.glob("questforge-*-linux-*")), DEB / "usr/share/questforge"):
+        for folder in (ARCHIVED, DEB / "usr/share/questforge"):
             held = files_of(folder)
             inside = {name for name in held if name.startswith(("data/", "Doc/"))}
             self.assertEqual(inside, shipped)
@@ -74,32 +79,40 @@ class Handed(unittest.TestCase):
             self.assertNotIn(b"mine", held.values())
 
     def test_EveryNeededPackageIsNamedWithItsLicence(self):
-        folder = next(WORK.glob("questforge-*-linux-*"))
-        named = next(line for line in (folder / "README.txt").read_text().splitlines() if "apt install" in line)
+        named = next(line for line in (ARCHIVED / "README.txt").read_text().splitlines() if "apt install" in line)
         for name in ("libqt6widgets6", "libsdl2-2.0-0", "liblua5.1-0", "fonts-liberation2"):
             self.assertIn(f" {name}", named)
-            self.assertIn(b"opyright", (folder / "licences" / f"{name}.txt").read_bytes())
+            self.assertIn(b"opyright", (ARCHIVED / "licences" / f"{name}.txt").read_bytes())
 
 
 class Started(unittest.TestCase):
+    def check_window(self, command, home, **settings):
+        """Starts a command, which must show the program's window, and ends it."""
+        environment = {"PATH": os.environ["PATH"], "LANG": "C.UTF-8", "DISPLAY": os.environ["DISPLAY"],
+                       "HOME": str(home), "XDG_RUNTIME_DIR": str(home), "QT_QPA_PLATFORM": "xcb"}
+        program = subprocess.Popen([command], env=environment | settings, cwd="/", stderr=subprocess.DEVNULL)
+        search = ("xdotool", "search", "--onlyvisible", "--all", "--pid", program.pid, "--name", "^Questforge 3$")
+        try:
+            wait_for(f"{command} shows its window", lambda: said(*search)[0] == 0)
+        finally:
+            program.kill()
+            program.wait()
+
     def test_BothShowTheirWindowAndThePackageLaysOutTheFolder(self):
+        server = open_display()
+        self.addCleanup(server.wait)
+        self.addCleanup(server.kill)
         home = WORK / "home"
         home.mkdir()
-        archived = next(WORK.glob("questforge-*-linux-*")) / "questforge"
-        with Display() as display:
-            self.assertEqual(display.title_after_start(archived, WORK), "Questforge 3")
-            title = display.title_after_start(DEB / "usr/bin/questforge", home, QUESTFORGE_PREFIX=str(DEB / "usr"))
-        self.assertEqual(title, "Questforge 3")
+        self.check_window(ARCHIVED / "questforge", WORK)
+        self.check_window(DEB / "usr/bin/questforge", home, QUESTFORGE_PREFIX=str(DEB / "usr"))
         self.assertIn(SAMPLE, files_of(home / "Questforge"))
 
 
 # Stands before a tool of the system: at its call of the given number it kills the starter and all its children.
 FATAL = """#!/bin/sh
-echo >>"{folder}/calls"
-if [ "$(wc -l <"{folder}/calls")" = {call} ]; then
-    {before}
-    kill -KILL 0
-fi
+echo >>"$0.calls"
+[ "$(wc -l <"$0.calls")" != {call} ] || {{ {before}; kill -KILL 0; }}
 exec /bin/{tool} "$@"
 """
 # A copy that is broken off: what came with it, wherever it lies, is cut short.
@@ -141,7 +154,7 @@ class Starter(unittest.TestCase):
     def shadow(self, tool, script):
         """A folder whose tool of that name is the script."""
         folder = Path(tempfile.mkdtemp(dir=self.place))
-        write(folder / tool, script.replace("{folder}", str(folder)))
+        write(folder / tool, script)
         (folder / tool).chmod(0o755)
         return folder
 
@@ -157,6 +170,11 @@ class Starter(unittest.TestCase):
         return {name: held for name, held in files_of(self.folder).items()
                 if not name.startswith("projets/") and held.decode() != "mine"}
 
+    def check_renewed(self, games):
+        self.assertEqual(self.start(), (0, "new runs\n"))
+        self.assertTrue(all(b"new" in held for held in self.files().values()))
+        self.assertEqual(files_of(self.folder / "projets"), games)
+
     def test_AnUpgradeRenewsAllButTheGames(self):
         self.assertEqual(self.start(), (0, "old runs\n"))
         self.assertEqual(files_of(self.folder)["projets/Sample/projet.ini"], b"old")
@@ -166,10 +184,8 @@ class Starter(unittest.TestCase):
         self.assertEqual(self.start(), (0, "old runs\n"))
         self.assertEqual((self.folder / "data/one.dat").read_text(), "changed", "no upgrade, no renewal")
         self.release("new")
-        self.assertEqual(self.start(), (0, "new runs\n"))
-        self.assertEqual(files_of(self.folder / "projets"), games)
+        self.check_renewed(games)
         self.assertEqual((self.folder / "data/images/mine.png").read_text(), "mine")
-        self.assertTrue(all(b"new" in held for held in self.files().values()))
 
     def test_WhatIsMissingFromTheFolderComesBackButNotTheSample(self):
         self.start()
@@ -190,13 +206,10 @@ class Starter(unittest.TestCase):
                         self.work()
                     games = files_of(self.folder / "projets")
                     self.release("new")
-                    script = FATAL.replace("{call}", str(call)).replace("{before}", before).replace("{tool}", tool)
+                    script = FATAL.format(call=call, before=before, tool=tool)
                     self.assertEqual(self.start(self.shadow(tool, script))[0], -9)
                     self.check_whole(first)
-                    self.assertEqual(self.start(), (0, "new runs\n"))
-                    self.assertTrue(all(b"new" in held for held in self.files().values()))
-                    after = files_of(self.folder / "projets")
-                    self.assertEqual(after, {"Sample/projet.ini": b"new"} if first else games)
+                    self.check_renewed({"Sample/projet.ini": b"new"} if first else games)
                     self.assertFalse((self.folder / ".package/fresh").exists())
 
     def check_whole(self, first):

@@ -1,5 +1,3 @@
-#include "player/buttons.h"
-#include "player/frame_clock.h"
 #include "player/frame_scaler.h"
 #include "player/sdl_input.h"
 
@@ -11,36 +9,6 @@ namespace player::testing
 {
 namespace
 {
-
-TEST(FrameClock, CountsSixtyFramesASecondAndStartsEachAtItsFirstInstant)
-{
-    EXPECT_EQ(frameAt(std::chrono::hours(24 * 365 * 100)), 60LL * 3600 * 24 * 365 * 100);
-    EXPECT_EQ(startOfFrame(90), std::chrono::milliseconds(1500));
-    for (const std::int64_t frame : {0LL, 1LL, 2LL, 59LL, 61LL, 12345679LL, 6'000'000'000LL}) {
-        EXPECT_EQ(frameAt(startOfFrame(frame)), frame);
-        EXPECT_EQ(frameAt(startOfFrame(frame + 1) - Instant(1)), frame);
-    }
-}
-
-TEST(PadState, KeepsATapForTheNextReadingAndHoldsAButtonUntilItsLastSourceLetsGo)
-{
-    PadState pad;
-    pad.press(1, button::circle);
-    pad.release(1);
-    pad.press(1, button::cross);
-    pad.press(1, button::cross);
-    pad.press(2, button::cross);
-    EXPECT_EQ(pad.take(), button::circle | button::cross);
-    pad.release(1);
-    EXPECT_EQ(pad.take(), button::cross);
-    pad.release(2);
-    EXPECT_EQ(pad.take(), button::none);
-    pad.press(1, button::left);
-    pad.press(2, button::up);
-    pad.take();
-    pad.releaseAll();
-    EXPECT_EQ(pad.take(), button::none);
-}
 
 SDL_Event keyEvent(std::uint32_t type, SDL_Scancode code, SDL_Keycode key, std::uint8_t repeat = 0)
 {
@@ -61,31 +29,23 @@ SDL_Event stickEvent(std::uint8_t axis, std::int16_t value)
     return event;
 }
 
-TEST(SdlInput, KnowsTheKeys)
-{
-    const std::pair<SDL_Keycode, Buttons> cases[] = {
-        {SDLK_UP, button::up},        {SDLK_x, button::cross},    {SDLK_RETURN, button::cross},
-        {SDLK_s, button::square},     {SDLK_d, button::triangle}, {SDLK_BACKSPACE, button::circle},
-        {SDLK_ESCAPE, button::start}, {SDLK_TAB, button::select}, {SDLK_F1, button::none},
-    };
-    for (const auto& [key, buttons] : cases) {
-        EXPECT_EQ(buttonOfKey(key), buttons) << SDL_GetKeyName(key);
-    }
-}
-
-TEST(SdlInput, IgnoresTheRepeatsOfAHeldKey)
+TEST(SdlInput, KeepsATapForTheNextReadingAndHoldsAButtonUntilItsLastKeyLetsGo)
 {
     SdlInput input;
     input.handle(keyEvent(SDL_KEYDOWN, SDL_SCANCODE_X, SDLK_x, 1));
-    EXPECT_EQ(input.take(), button::none);
+    EXPECT_EQ(input.take(), button::none) << "a repeat of a key that was held before";
+    input.handle(keyEvent(SDL_KEYDOWN, SDL_SCANCODE_BACKSPACE, SDLK_BACKSPACE));
+    input.handle(keyEvent(SDL_KEYUP, SDL_SCANCODE_BACKSPACE, SDLK_BACKSPACE));
     input.handle(keyEvent(SDL_KEYDOWN, SDL_SCANCODE_X, SDLK_x));
     input.handle(keyEvent(SDL_KEYDOWN, SDL_SCANCODE_SPACE, SDLK_SPACE));
+    EXPECT_EQ(input.take(), button::circle | button::cross);
     input.handle(keyEvent(SDL_KEYUP, SDL_SCANCODE_X, SDLK_x));
-    input.take();
     EXPECT_EQ(input.take(), button::cross);
+    input.handle(keyEvent(SDL_KEYUP, SDL_SCANCODE_SPACE, SDLK_SPACE));
+    EXPECT_EQ(input.take(), button::none);
 }
 
-TEST(SdlInput, TakesTheLeftStickForTheDirections)
+TEST(SdlInput, TakesTheLeftStickForTheDirectionsUntilItIsUnplugged)
 {
     SdlInput input;
     input.handle(stickEvent(SDL_CONTROLLER_AXIS_LEFTX, -30000));
@@ -96,21 +56,10 @@ TEST(SdlInput, TakesTheLeftStickForTheDirections)
     input.handle(stickEvent(SDL_CONTROLLER_AXIS_LEFTY, -3000));
     input.take();
     EXPECT_EQ(input.take(), button::right);
-}
-
-TEST(FrameScaler, EnlargesByTheLargestWholeFactor)
-{
-    const std::pair<Area, Placement> cases[] = {{{480, 272}, {1, 0, 0}},
-                                                {{959, 544}, {1, 239, 136}},
-                                                {{960, 544}, {2, 0, 0}},
-                                                {{1920, 1080}, {3, 240, 132}},
-                                                {{100, 100}, {1, -190, -86}}};
-    for (const auto& [target, expected] : cases) {
-        const Placement place = centred({480, 272}, target);
-        EXPECT_EQ(place.factor, expected.factor) << target.width;
-        EXPECT_EQ(place.left, expected.left) << target.width;
-        EXPECT_EQ(place.top, expected.top) << target.width;
-    }
+    SDL_Event unplugged{};
+    unplugged.type = SDL_CONTROLLERDEVICEREMOVED;
+    input.handle(unplugged);
+    EXPECT_EQ(input.take(), button::none);
 }
 
 TEST(FrameScaler, DrawsEachPixelWhereItBelongs)

@@ -4,18 +4,21 @@
 #include "player/image.h"
 #include "player/machine.h"
 #include "player/script.h"
+#include "tests/core/tempfolder.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <list>
 #include <map>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace player::testing
 {
+
+using ::TempFolder;
 
 /// A frame of the 60 Hz display, counted from 0 at the start of a run.
 using Frame = std::int64_t;
@@ -25,24 +28,24 @@ using Frame = std::int64_t;
 class FakeHost : public Host
 {
 public:
-    /// From `frame` on these buttons are held, until the next call's frame. Frames must not go back.
-    void hold(Frame frame, Buttons buttons) { steps_.push_back({frame, buttons}); }
+    /// From `frame` on these buttons are held, until the next call's frame.
+    void hold(Frame frame, Buttons buttons) { steps_[frame] = buttons; }
 
     /// Somebody closes the game at this frame.
     void closeAt(Frame frame) { closeFrame_ = frame; }
 
-    /// Called once for each frame, when it starts.
-    void onFrame(std::function<void(Frame)> callback) { onFrame_ = std::move(callback); }
+    /// Does something when a frame starts.
+    void at(Frame frame, std::function<void()> act) { acts_.emplace(frame, std::move(act)); }
 
     Frame frame() const;
     int presented() const { return presented_; }
+    int pumped() const { return pumped_; }
 
     /// What was presented last; black before.
     const Image& shown() const { return shown_; }
 
     void present(const Image& frame) override;
     void pumpEvents() override { ++pumped_; }
-    int pumped() const { return pumped_; }
     bool closeAsked() const override { return frame() >= closeFrame_; }
     Buttons takeButtons() override;
     bool hasViewer() const override { return true; }
@@ -50,15 +53,9 @@ public:
     void sleepUntil(Instant when) override;
 
 private:
-    struct Step {
-        Frame frame;
-        Buttons buttons;
-    };
-    void passTo(Instant when);
-
-    std::vector<Step> steps_;
+    std::map<Frame, Buttons> steps_;
+    std::multimap<Frame, std::function<void()>> acts_;
     Frame closeFrame_ = INT64_MAX;
-    std::function<void(Frame)> onFrame_;
     Instant now_{};
     Frame lastRead_ = -1;
     int presented_ = 0;
@@ -66,31 +63,24 @@ private:
     Image shown_{screenWidth, screenHeight, Image::Kind::AlwaysOpaque};
 };
 
-/// Plays the scripts of a folder without a window and keeps the game's state to look at.
-///
-///     PlayerRun run(folder);
-///     run.tap(10, button::cross);
-///     run.watch(20, "hero.x");
-///     EXPECT_EQ(run.play(60), Outcome::Closed);   // closed at frame 60
-///     EXPECT_EQ(run.watched(20, "hero.x"), "3");
-///     EXPECT_EQ(run.value("var[\"1\"]"), "on");
+/// Plays "index.lua" of a folder without a window and keeps the game's state to look at.
 class PlayerRun
 {
 public:
-    /// folder: where the player is started. script: the path of the first script.
-    explicit PlayerRun(const std::filesystem::path& folder, std::string script = "index.lua");
+    /// folder: where the player is started.
+    explicit PlayerRun(const std::filesystem::path& folder);
 
     /// As FakeHost::hold.
     void hold(Frame frame, Buttons buttons) { host_.hold(frame, buttons); }
 
-    /// Holds buttons for two frames and then none. Frames must not go back.
+    /// Holds buttons for two frames and then none.
     void tap(Frame frame, Buttons buttons);
 
-    /// Keeps the value of a Lua expression at the start of a frame.
-    void watch(Frame frame, const std::string& expression);
+    /// What a Lua expression is worth at the start of a frame, told once it was played; else "never".
+    const std::string& watch(Frame frame, const std::string& expression);
 
-    /// Keeps the picture shown at the start of a frame.
-    void capture(Frame frame);
+    /// The picture shown at the start of a frame, likewise; else one that no game shows.
+    const Image& capture(Frame frame);
 
     /// Plays until the script ends or fails, or closes the game at frame `end`. To be called once.
     Outcome play(Frame end);
@@ -99,64 +89,36 @@ public:
     /// it fails.
     std::string value(const std::string& expression);
 
-    /// What watch() kept; "never" if the run ended before that frame.
-    std::string watched(Frame frame, const std::string& expression) const;
-
-    /// What capture() kept. Failure: std::out_of_range if the run ended before that frame.
-    const Image& captured(Frame frame) const { return captures_.at(frame); }
-
     /// The error that ended play(), as "file:line: message"; empty without one.
     std::string error() const { return script_.error().headline(); }
     const ErrorReport& report() const { return script_.error(); }
 
-    /// The picture shown last, and the one being drawn.
-    const Image& shown() const { return host_.shown(); }
-    const Image& screen() const { return machine_.screen(); }
-
-    /// The frame at which the run stands, and how many pictures were shown.
+    /// The frame at which the run stands, and how often the game showed a picture and took in events.
     Frame frame() const { return host_.frame(); }
     int presented() const { return host_.presented(); }
-
-    FakeHost& host() { return host_; }
-    lua_State* state() { return script_.state(); }
+    int pumped() const { return host_.pumped(); }
 
 private:
-    void atFrame(Frame frame);
-
     FakeHost host_;
     Machine machine_;
     Script script_;
-    std::string start_;
-    std::multimap<Frame, std::string> watches_;
-    std::map<std::pair<Frame, std::string>, std::string> values_;
-    std::vector<Frame> captureFrames_;
-    std::map<Frame, Image> captures_;
+    std::list<std::string> values_;
+    std::list<Image> pictures_;
 };
 
-/// A folder that is removed at the end of a test.
-class TempFolder
+/// Plays one script, in a folder of its own.
+class ScriptRun : private TempFolder, public PlayerRun
 {
 public:
-    TempFolder();
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder();
-
-    const std::filesystem::path& path() const { return path_; }
-
-    /// Writes a file, bytes as they are, making its folders.
-    void write(const std::filesystem::path& name, std::string_view content) const;
-
-    /// The bytes of a file; empty if there is none.
-    std::string read(const std::filesystem::path& name) const;
-
-private:
-    std::filesystem::path path_;
+    explicit ScriptRun(std::string_view script)
+        : PlayerRun(path())
+    {
+        write("index.lua", script);
+    }
 };
 
-/// What a script of its own, in a folder, leaves as the global `result`; "failed: " and the error if it
-/// fails, "closed" if it goes on for ten seconds.
-std::string resultOf(const std::string& script, const TempFolder& folder);
-std::string resultOf(const std::string& script);
+/// What a script, written into a folder, leaves as the global `result`; "failed: " and the error if it fails,
+/// "closed" if it goes on for ten seconds.
+std::string resultOf(const std::string& script, const TempFolder& folder = {});
 
 } // namespace player::testing

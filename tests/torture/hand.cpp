@@ -1,46 +1,21 @@
-#include "hand.h"
+// The hand of a quick author inside the unchanged program, which the toolkit takes in as a generic plugin.
+#include "../tour/probe/probe.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QGenericPlugin>
 #include <QLineEdit>
 #include <QLocalSocket>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QQueue>
 #include <QScrollBar>
-#include <QTimerEvent>
-
-#include <csignal>
-#include <cstdio>
-#include <iostream>
-#include <string>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace
 {
-
-/// Stays as it is and gives birth; only the born ones return. The dead are kept until they are asked for,
-/// lest somebody else gets their number.
-void giveBirth()
-{
-    for (std::string order; std::getline(std::cin, order);) {
-        const pid_t born = ::fork();
-        if (born == 0) {
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-            return;
-        }
-        std::cout << born << std::endl;
-        std::getline(std::cin, order);
-        ::kill(born, SIGKILL);
-        int status = 0;
-        ::waitpid(born, &status, 0);
-        std::cout << status << std::endl;
-    }
-    ::_exit(0);
-}
 
 void send(QWidget* target, QEvent::Type type, const QPoint& place)
 {
@@ -60,33 +35,20 @@ void press(QWidget* control, const QPoint& place)
     }
 }
 
-QPoint placeIn(const QWidget& control, const QStringList& words)
-{
-    return words.size() < 5 ? control.rect().center() : QPoint(words[3].toInt(), words[4].toInt());
-}
-
-/// A line's middle, for the part of the list that takes the mouse.
-QPoint placeOfLine(const QAbstractItemView& list, const QString& row)
-{
-    return list.visualRect(list.model()->index(row.toInt(), 0)).center();
-}
-
-bool opensBox(const QStringList& words)
-{
-    return words[1] == "open"_L1 || words[1] == "pick"_L1;
-}
-
 void doDeed(QWidget* control, const QStringList& words)
 {
-    const QString& deed = words[1];
-    if (deed == "press"_L1 || deed == "open"_L1) {
-        press(control, placeIn(*control, words));
+    const QString& deed = words[0];
+    auto* list = qobject_cast<QAbstractItemView*>(control);
+    if (deed == "press"_L1) {
+        const bool isPlaceTold = words.size() > 3;
+        press(control, isPlaceTold ? QPoint(words[2].toInt(), words[3].toInt()) : control->rect().center());
     } else if (auto* field = qobject_cast<QLineEdit*>(control); field != nullptr && deed == "set"_L1) {
-        field->setText(words.value(3));
+        field->setText(words.value(2));
     } else if (auto* bar = qobject_cast<QScrollBar*>(control); bar != nullptr && deed == "move"_L1) {
-        bar->setValue(words.value(3).toInt());
-    } else if (auto* list = qobject_cast<QAbstractItemView*>(control)) {
-        const QPoint place = placeOfLine(*list, words.value(3));
+        bar->setValue(words[2].toInt());
+    } else if (list != nullptr && (deed == "pick"_L1 || deed == "twice"_L1)) {
+        const QModelIndex last = list->model()->index(list->model()->rowCount() - 1, 0);
+        const QPoint place = list->visualRect(last).center();
         press(list->viewport(), place);
         if (deed == "twice"_L1) {
             send(list->viewport(), QEvent::MouseButtonDblClick, place);
@@ -94,72 +56,75 @@ void doDeed(QWidget* control, const QStringList& words)
     }
 }
 
+/// Does what it is told by the lines of its connection, one after the other, each in a turn of the event loop
+/// of its own. A line holds, between tabs, a deed, the path of a control as the probe reads it, and what the
+/// deed needs:
+///
+///     press X Y    presses and lets go of the left button at a place, in pixels, or in the middle
+///     pick         clicks the last line of a list
+///     twice        double-clicks it
+///     set TEXT     replaces the text of a field
+///     move VALUE   moves a scroll bar
+///     see          nothing: the control has to be there
+/// A deed that opens a box has its effects once later lines have closed that. A line is answered by "done"
+/// then, and by another line when there is no such control.
+class Hand : public QLocalServer
+{
+public:
+    explicit Hand(const QString& socketFile)
+    {
+        listen(socketFile);
+        turn_.setSingleShot(true);
+        connect(&turn_, &QTimer::timeout, this, &Hand::doNext);
+        connect(this, &QLocalServer::newConnection, this, [this] {
+            connection_ = nextPendingConnection();
+            connect(connection_, &QLocalSocket::readyRead, this, &Hand::take);
+        });
+    }
+
+private:
+    void take()
+    {
+        while (connection_->canReadLine()) {
+            lines_ += QString::fromUtf8(connection_->readLine()).chopped(1).split(u'\t');
+        }
+        turn_.start(0);
+    }
+
+    void doNext()
+    {
+        const bool boxWaits = QApplication::activeModalWidget() != nullptr;
+        if (lines_.isEmpty() || (depth_ > 0 && !boxWaits)) {
+            return; // what opened the box that was just closed has to come to its end first
+        }
+        const QStringList words = lines_.dequeue();
+        turn_.start(0); // in a box that this deed opens
+        ++depth_;
+        QWidget* control = Probe::control(words[1]);
+        if (control != nullptr) {
+            doDeed(control, words);
+        }
+        --depth_;
+        const QString result = control != nullptr ? u"done\n"_s : u"there is no %1\n"_s.arg(words[1]);
+        connection_->write(result.toUtf8());
+        turn_.start(0);
+    }
+
+    QLocalSocket* connection_ = nullptr;
+    QQueue<QStringList> lines_;
+    QTimer turn_;
+    int depth_ = 0; ///< how many lines are at work: all but one wait for a box
+};
+
 } // namespace
 
-Hand::Hand(const QString& folder)
-    : probe_(folder + u"/probe"_s)
+class HandPlugin : public QGenericPlugin
 {
-    if (!listen(folder + u"/hand"_s)) {
-        qWarning("The hand cannot listen: %s", qPrintable(errorString()));
-    }
-    turn_.setSingleShot(true);
-    connect(&turn_, &QTimer::timeout, this, &Hand::doNext);
-    startTimer(0); // goes off once the program is ready
-}
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "hand.json")
 
-void Hand::timerEvent(QTimerEvent* event)
-{
-    killTimer(event->timerId());
-    if (qEnvironmentVariableIsSet("TORTURE_LIVES")) {
-        giveBirth();
-    }
-    connect(this, &QLocalServer::newConnection, this, [this] { listenTo(nextPendingConnection()); });
-    while (hasPendingConnections()) {
-        listenTo(nextPendingConnection());
-    }
-}
+public:
+    QObject* create(const QString&, const QString& socketFile) override { return new Hand(socketFile); }
+};
 
-void Hand::listenTo(QLocalSocket* connection)
-{
-    connection_ = connection;
-    connect(connection, &QLocalSocket::readyRead, this, [this, connection] {
-        while (connection->canReadLine()) {
-            lines_ += QString::fromUtf8(connection->readLine()).chopped(1).split(u'\t');
-        }
-        goOn();
-    });
-}
-
-/// Lets the next line have a turn. Once a line has closed a box, the one that opened it has to come to its
-/// end first.
-void Hand::goOn()
-{
-    const bool boxWaits = QApplication::activeModalWidget() != nullptr;
-    if (!lines_.isEmpty() && (depth_ == 0 || boxWaits)) {
-        turn_.start(0);
-    }
-}
-
-void Hand::doNext()
-{
-    if (lines_.isEmpty()) {
-        return;
-    }
-    const QStringList words = lines_.dequeue();
-    if (opensBox(words) && !lines_.isEmpty()) {
-        turn_.start(0);
-    }
-    ++depth_;
-    perform(words);
-    --depth_;
-    goOn();
-}
-
-void Hand::perform(const QStringList& words)
-{
-    QWidget* control = Probe::control(words[2]);
-    if (control != nullptr) {
-        doDeed(control, words);
-    }
-    connection_->write((words[0] + (control == nullptr ? u"?\n"_s : u"\n"_s)).toUtf8());
-}
+#include "hand.moc"

@@ -6,7 +6,7 @@ import subprocess
 from collections import namedtuple
 from types import SimpleNamespace
 
-from waiting import Missed, wait_for
+from waiting import await_value, require, wait_for
 
 Place = namedtuple("Place", "left top width height")
 
@@ -23,8 +23,9 @@ def focus(window):
         xdotool("windowfocus", "--sync", window)
 
 
-def _is_stable(before, now):
-    return before is not None and before.place == now.place
+def _click_middle(place, times=1):
+    left, top, width, height = place
+    xdotool("mousemove", left + width // 2, top + height // 2, "click", "--repeat", times, "--delay", 80, 1)
 
 
 class Program:
@@ -37,8 +38,8 @@ class Program:
         self._answers = self._connection.makefile("r", encoding="utf-8")
 
     def _connect(self, socket_file):
-        if self.process.poll() is not None:
-            raise Missed(f"the program stays alive (it ended with {self.process.returncode})")
+        ended = self.process.poll()
+        require(ended is None, f"the program stays alive (it ended with {ended})")
         return socket_file.exists() and self._connection.connect_ex(str(socket_file)) == 0
 
     def look(self, path):
@@ -48,7 +49,6 @@ class Program:
         if not answer:
             return None
         answer["place"] = Place(*answer["place"])
-        answer["frame"] = Place(*answer.get("frame", answer["place"]))
         return SimpleNamespace(**answer)
 
     def shows(self, path):
@@ -65,21 +65,14 @@ class Program:
 
     def await_caption(self, path, text):
         """Waits until a control bears a text."""
-        try:
-            wait_for("", lambda: getattr(self.look(path), "caption", None) == text)
-        except Missed:
-            seen = getattr(self.look(path), "caption", None)
-            raise Missed(f"{path} reads {text!r} (it reads {seen!r})") from None
+        await_value(f"the text of {path}", lambda: getattr(self.look(path), "caption", None), text)
+
+    def lines(self, path):
+        """The texts of a list's lines."""
+        return [line["text"] for line in self.look(path).lines]
 
     def await_lines(self, path, lines):
-        """Waits until a list holds exactly these lines."""
-        def held():
-            return [line["text"] for line in self.look(path).lines]
-
-        try:
-            wait_for("", lambda: held() == lines)
-        except Missed:
-            raise Missed(f"{path} holds {lines} (it holds {held()})") from None
+        await_value(f"the list {path}", lambda: self.lines(path), lines)
 
     def await_usable(self, path):
         """Waits until a click on a control would reach it, and gives its window the keys."""
@@ -88,7 +81,7 @@ class Program:
         def usable():
             nonlocal last
             before, last = last, self.look(path)
-            return (last and last.visible and last.enabled and last.reachable and _is_stable(before, last))
+            return before and last and before.place == last.place and last.enabled and last.reachable
 
         wait_for(f"{path} can be clicked", usable)
         focus(last.window)
@@ -107,22 +100,18 @@ class Program:
 
     def step_forward(self, path):
         """Clicks the arrow at the right end of a scroll bar."""
-        place = self.await_usable(path).place
-        self.click(path, place.width - 6)
+        self.click(path, self.await_usable(path).place.width - 6)
 
     def click_line(self, path, row, times=1):
         """Clicks a line of a list, row counted from 0; twice for a double-click."""
-        self.await_usable(path)
-        left, top, width, height = self.look(path).lines[row]["place"]
-        xdotool("mousemove", left + width // 2, top + height // 2, "click", "--repeat", times, "--delay", 80, 1)
+        _click_middle(self.await_usable(path).lines[row]["place"], times)
 
     def choose(self, path, row, text):
         """Opens a choice and takes its entry, row counted from 0."""
         self.click(path)
-        popup = self.await_usable("QComboBoxListView")
-        left, top, width, height = popup.lines[row]["place"]
-        xdotool("mousemove", left + width // 2, top + height // 2, "click", 1)
-        self.await_gone("QComboBoxListView")
+        entries = path.split("/")[-1] + "List"
+        self.click_line(entries, row)
+        self.await_gone(entries)
         self.await_caption(path, text)
 
     def type_into(self, path, text):
@@ -140,25 +129,16 @@ class Program:
         self.click("QInputDialog/=OK")
         self.await_gone("QInputDialog")
 
-    def dismiss(self, text, button, title="Questforge"):
+    def dismiss(self, text, button):
         """Presses a button of the message box that says `text`."""
         self.await_caption("QMessageBox/qt_msgbox_label", text)
-        seen = xdotool("getwindowname", self.await_usable("QMessageBox/=" + button).window)
-        if seen != title:
-            raise Missed(f"the message {text!r} has the title {title} (it has {seen})")
         self.click("QMessageBox/=" + button)
         self.await_gone("QMessageBox")
 
-    def drag(self, path, down):
-        """Moves the window of a view by its title, in pixels."""
-        place = self.await_usable(path).place
-        _, top, _, height = self.look(path).closeButton
-        x, y = place.left + place.width // 2, top + height // 2
-        xdotool("mousemove", x, y, "mousedown", 1, "mousemove", x, y + down, "mouseup", 1)
-        wait_for(f"{path} is moved by {down}", lambda: self.look(path).place.top == place.top + down)
-
     def press_close_button(self, path):
         """Presses the button that closes the window of a view."""
-        self.await_usable(path)
-        left, top, width, height = self.look(path).closeButton
-        xdotool("mousemove", left + width // 2, top + height // 2, "click", 1)
+        _click_middle(self.await_usable(path).closeButton)
+
+    def close(self, path):
+        self.press_close_button(path)
+        self.await_gone(path)

@@ -1,10 +1,16 @@
-"""The files of the project that the tour makes, and what they should hold."""
+"""The files of the project that the tour makes, and what they should hold. Cells are (row, column) from 1."""
 
+from configparser import ConfigParser
 from contextlib import contextmanager
 
-from waiting import Missed, wait_for
+from waiting import await_value, require
 
 COLUMNS, ROWS = 17, 8
+_BYTES = ROWS * (COLUMNS + 2)  # of the cells in a file, with the ends of the lines
+
+
+def _at(cell):
+    return (cell[0] - 1) * (COLUMNS + 2) + cell[1] - 1
 
 
 def ansi(text):
@@ -17,21 +23,17 @@ def crlf(*lines):
     return ansi("".join(line + "\r\n" for line in lines))
 
 
-def _state_of(folder):
-    """What is below a folder, when it was written and what it holds."""
-    return {str(path.relative_to(folder)): (path.stat().st_mtime_ns, path.is_file() and path.read_bytes())
-            for path in folder.rglob("*")}
-
-
 @contextmanager
 def untouched(folder, what):
     """Used with `with`: nothing below the folder may be written meanwhile, not even as it was."""
-    before = _state_of(folder)
+    def state():
+        return {(path.relative_to(folder), path.stat().st_mtime_ns, path.is_file() and path.read_bytes())
+                for path in folder.rglob("*")}
+
+    before = state()
     yield
-    after = _state_of(folder)
-    written = sorted(path for path in before.keys() | after.keys() if before.get(path) != after.get(path))
-    if written:
-        raise Missed(f"{what} writes nothing (it wrote {written})")
+    written = {str(path) for path, *_ in before ^ state()}
+    require(not written, f"{what} writes nothing (it wrote {sorted(written)})")
 
 
 class Project:
@@ -47,83 +49,40 @@ class Project:
 
     def await_bytes(self, path, content):
         """Waits until a file of the project holds exactly these bytes."""
-        try:
-            wait_for("", lambda: self.bytes_of(path) == content)
-        except Missed:
-            raise Missed(f"{path} holds {content!r} (it holds {self.bytes_of(path)!r})") from None
-
-    def setting(self, section, key):
-        """A value of the project's descriptor; None when it is missing."""
-        here, value = False, None
-        for line in (self.bytes_of("projet.ini") or b"").decode("cp1252").splitlines():
-            if line.startswith("["):
-                here = line == f"[{section}]"
-            elif here and line.startswith(key + "="):
-                value = line[len(key) + 1:]
-        return value
+        await_value(path, lambda: self.bytes_of(path), content)
 
     def await_setting(self, section, key, value):
         """Waits until the descriptor holds a value."""
-        try:
-            wait_for("", lambda: self.setting(section, key) == value)
-        except Missed:
-            seen = self.setting(section, key)
-            raise Missed(f"projet.ini has {key}={value} in [{section}] (it has {seen})") from None
+        def setting():
+            descriptor = ConfigParser(interpolation=None)
+            descriptor.read_string((self.bytes_of("projet.ini") or b"").decode("cp1252"))
+            return descriptor.get(section, key, fallback=None)
+
+        await_value(f"{key} in [{section}]", setting, value)
 
 
 class Map:
-    """What the files of a map should hold: its rows of tile codes and of block flags, and the hero's start.
-
-    Cells are (row, column), counted from 1.
-    """
+    """What the files of a map should hold: a code and a block flag for each cell, and the hero's start."""
 
     def __init__(self, project, number):
         self._project, self.number = project, number
-        head, *rows = project.bytes_of(f"map{number}.map").decode("ascii").splitlines()
-        self.start = (int(head[2:4]), int(head[:2]))
-        self._codes = [list(row) for row in rows[:ROWS]]
-        flags = project.bytes_of(f"map{number}.ev").decode("ascii").splitlines()
-        self._flags = [list(row) for row in flags[:ROWS]]
+        head, codes = project.bytes_of(f"map{number}.map").split(b"\r\n", 1)
+        self.start = (int(head[2:]), int(head[:2]))
+        self._codes = bytearray(codes[:_BYTES])
+        self._flags = bytearray(project.bytes_of(f"map{number}.ev")[:_BYTES])
 
     def code(self, cell):
-        return int(self._codes[cell[0] - 1][cell[1] - 1])
+        return self._codes[_at(cell)] - ord("0")
 
     def set_code(self, cell, code):
-        self._codes[cell[0] - 1][cell[1] - 1] = str(code)
+        self._codes[_at(cell)] = ord("0") + code
 
     def block(self, cell):
-        self._flags[cell[0] - 1][cell[1] - 1] = "1"
-
-    def other_code(self, cells):
-        """The first code above 0 that none of the cells has."""
-        used = {self.code(cell) for cell in cells}
-        return next(code for code in range(1, 10) if code not in used)
-
-    def free_cells(self):
-        """The cells without a block, row by row."""
-        return [(row, column) for row in range(1, ROWS + 1) for column in range(1, COLUMNS + 1)
-                if self._flags[row - 1][column - 1] == "0"]
-
-    def free_run(self, length):
-        """Neighbouring cells of a row, from left to right, on which the hero may walk."""
-        for row, flags in enumerate(self._flags[1:], start=2):
-            at = "".join(flags).find("0" * length)
-            if at >= 0:
-                return [(row, at + 1 + step) for step in range(length)]
-        raise Missed(f"the new map has {length} free cells in a row")
-
-    def dead_end(self):
-        """Two neighbouring free cells below row 2, and the blocked one at their right."""
-        for row, flags in enumerate(self._flags[2:], start=3):
-            at = "".join(flags).find("001")
-            if at >= 0:
-                return [(row, at + 1), (row, at + 2), (row, at + 3)]
-        raise Missed("the new map has a way that ends at a block")
+        self._flags[_at(cell)] = ord("1")
 
     def await_saved(self):
         """Waits until both files hold what they should, byte for byte."""
         row, column = self.start
-        codes = ["".join(row) for row in self._codes]
-        flags = ["".join(row) for row in self._flags]
-        self._project.await_bytes(f"map{self.number}.ev", crlf(*flags, "", ""))
-        self._project.await_bytes(f"map{self.number}.map", crlf(f"{column:02}{row:02}", *codes, "", ""))
+        start, end = crlf(f"{column:02}{row:02}"), crlf("", "")
+        self._project.await_bytes(f"map{self.number}.ev", self._flags + end)
+        self._project.await_bytes(f"map{self.number}.map", start + self._codes + end)

@@ -8,7 +8,7 @@ import subprocess
 import tempfile
 from pathlib import Path
 
-from waiting import Missed, wait_for
+from waiting import require
 
 SCREEN = (0, 0, 1280, 800)
 _libc = ctypes.CDLL(None)
@@ -17,6 +17,21 @@ _PR_SET_PDEATHSIG, _PR_SET_CHILD_SUBREAPER = 1, 36
 
 def _die_with_the_tour():
     _libc.prctl(_PR_SET_PDEATHSIG, signal.SIGKILL)
+
+
+def open_display(scale=1):
+    """Opens a virtual display, from now on that of this process and its children; answers its server."""
+    reader, writer = os.pipe()
+    size = f"{SCREEN[2] * scale}x{SCREEN[3] * scale}x24"
+    server = subprocess.Popen(
+        ["Xvfb", "-displayfd", str(writer), "-screen", "0", size, "-nolisten", "tcp", "-noreset"],
+        pass_fds=[writer], preexec_fn=_die_with_the_tour, stderr=subprocess.DEVNULL)
+    os.close(writer)
+    with os.fdopen(reader) as answer:
+        number = answer.readline().strip()
+    require(number, "the virtual display opens")
+    os.environ["DISPLAY"] = ":" + number
+    return server
 
 
 def _own_folder():
@@ -68,29 +83,15 @@ class Stage:
         def authors_work(folder, names):
             return {"projets", "index.lua"} & set(names) if Path(folder) == self._source else set()
 
-        if not (self._source / "questforge").is_file():
-            raise Missed(f"a runnable folder is at {self._source}")
+        require((self._source / "questforge").is_file(), f"a runnable folder is at {self._source}")
         shutil.copytree(self._source, self.app_dir, ignore=authors_work)
 
     def bring(self, project):
         """Copies one of the author's projects, too."""
-        source = self._source / "projets" / project
-        if not source.is_dir():
-            raise Missed(f"the project is at {source}")
-        shutil.copytree(source, self.app_dir / "projets" / project)
+        shutil.copytree(self._source / "projets" / project, self.app_dir / "projets" / project)
 
     def _open_display(self):
-        reader, writer = os.pipe()
-        size = f"{SCREEN[2] * self._scale}x{SCREEN[3] * self._scale}x24"
-        self._display = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0", size, "-nolisten", "tcp", "-noreset"],
-            pass_fds=[writer], preexec_fn=_die_with_the_tour, stderr=subprocess.DEVNULL)
-        os.close(writer)
-        with os.fdopen(reader) as answer:
-            number = answer.readline().strip()
-        if not number:
-            raise Missed("the virtual display opens")
-        os.environ["DISPLAY"] = ":" + number
+        self._display = open_display(self._scale)
         # The layout has a key for each letter that the tour types: none has to be added meanwhile. The display
         # would forget it when setxkbmap leaves as its last client; -noreset forbids that.
         subprocess.run(["setxkbmap", "fr"], check=True, stderr=subprocess.DEVNULL)
@@ -126,10 +127,7 @@ class Stage:
 
         return [int(process.name) for process in Path("/proc").glob("[0-9]*") if runs_player(process)]
 
-    def exit_code_of(self, player):
+    @staticmethod
+    def exit_code_of(player):
         """Waits for the end of a player and answers its exit code."""
-        def ended():
-            found, status = os.waitpid(player, os.WNOHANG)
-            return found and (os.waitstatus_to_exitcode(status),)
-
-        return wait_for("the player ends", ended)[0]
+        return os.waitstatus_to_exitcode(os.waitpid(player, 0)[1])

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QClipboard>
+#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
 #include <QTest>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -18,60 +18,17 @@ namespace
 
 constexpr int lookInterval = 2; // ms
 
-QString buttonText(const QPushButton* button)
-{
-    return button->text().remove(u'&');
-}
-
 QString buttonsOf(const QDialog& dialog)
 {
     QStringList texts;
     for (const QPushButton* button : dialog.findChildren<QPushButton*>()) {
-        texts += buttonText(button);
+        texts += button->text().remove(u'&');
     }
     texts.sort();
     return u" ("_s + texts.join(u' ') + u')';
 }
 
-void press(QDialog& dialog, const QString& text)
-{
-    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
-        if (buttonText(button) == text) {
-            QTest::mouseClick(button, Qt::LeftButton);
-            return;
-        }
-    }
-    ADD_FAILURE() << "no button " << text.toStdString();
-}
-
-void paste(const QDialog& dialog, const std::string& text)
-{
-    QApplication::clipboard()->setText(QString::fromStdString(text));
-    QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_V, Qt::ControlModifier);
-}
-
-void reply(QDialog& dialog, Answers::Reply reply)
-{
-    switch (reply) {
-    case Answers::Reply::Ok:
-        return press(dialog, u"OK"_s);
-    case Answers::Reply::Yes:
-        return press(dialog, u"Yes"_s);
-    case Answers::Reply::No:
-        return press(dialog, u"No"_s);
-    case Answers::Reply::Cancel:
-        return press(dialog, u"Cancel"_s);
-    case Answers::Reply::Enter:
-        return QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
-    case Answers::Reply::Escape:
-        return QTest::keyClick(&dialog, Qt::Key_Escape);
-    case Answers::Reply::CloseBox:
-        dialog.close();
-    }
-}
-
-} // namespace
-
+/// A box in one text: icon, title, text, an input box's preset, its buttons in the order of the alphabet.
 std::string describe(const QDialog& dialog)
 {
     QString text = u'[' + dialog.windowTitle() + u"] "_s;
@@ -84,6 +41,31 @@ std::string describe(const QDialog& dialog)
     }
     return (text + buttonsOf(dialog)).toStdString();
 }
+
+void press(const QDialog& dialog, QDialogButtonBox::StandardButton button)
+{
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
+}
+
+void reply(QDialog& dialog, Answers::Reply reply)
+{
+    switch (reply) {
+    case Answers::Reply::Ok:
+        return press(dialog, QDialogButtonBox::Ok);
+    case Answers::Reply::Yes:
+        return press(dialog, QDialogButtonBox::Yes);
+    case Answers::Reply::No:
+        return press(dialog, QDialogButtonBox::No);
+    case Answers::Reply::Cancel:
+        return press(dialog, QDialogButtonBox::Cancel);
+    case Answers::Reply::Escape:
+        return QTest::keyClick(&dialog, Qt::Key_Escape);
+    case Answers::Reply::CloseBox:
+        dialog.close();
+    }
+}
+
+} // namespace
 
 Answers::Answers()
 {
@@ -143,20 +125,19 @@ void Answers::look()
 
 void Answers::answer(QDialog& dialog)
 {
-    if (awaited_.empty()) {
-        ADD_FAILURE() << "nobody awaits: " << describe(dialog);
-        dialog.reject();
-        return;
+    Awaited next{"no box", Reply::Ok, {}};
+    if (!awaited_.empty()) {
+        next = awaited_.front();
+        awaited_.pop_front();
     }
-    const Awaited next = awaited_.front();
-    awaited_.pop_front();
-    if (describe(dialog) != next.description) {
-        ADD_FAILURE() << "awaited: " << next.description << "\ncame:    " << describe(dialog);
-        dialog.reject();
-        return;
+    const std::string came = describe(dialog);
+    EXPECT_EQ(came, next.description);
+    if (came != next.description) {
+        return dialog.reject();
     }
     if (!next.typed.empty()) {
-        paste(dialog, next.typed);
+        QApplication::clipboard()->setText(QString::fromStdString(next.typed));
+        QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_V, Qt::ControlModifier);
     }
     reply(dialog, next.reply);
 }

@@ -13,21 +13,20 @@ class QDialog;
 class Answers : public QObject
 {
 public:
-    enum class Reply { Ok, Yes, No, Cancel, Enter, Escape, CloseBox };
+    enum class Reply { Ok, Yes, No, Cancel, Escape, CloseBox };
 
     Answers();
 
     // What is awaited next. Texts are UTF-8, lines in them end with "\n".
-    /// A message without icon, answered with OK.
+    /// A message, answered with OK: without an icon or with the stop icon.
     void message(const std::string& text);
-    /// A message with the stop icon, answered with OK.
     void stop(const std::string& text);
-    /// Any message box, given as describe() tells it.
-    void box(const std::string& description, Reply reply);
     void question(const std::string& text, Reply reply);
     /// An input box; the answer is pasted.
     void line(const std::string& prompt, const std::string& answer, Reply reply = Reply::Ok);
     void line(const std::string& prompt, Reply reply);
+    /// Any box, in one text: icon, title, text, an input box's preset, its buttons by the alphabet.
+    void box(const std::string& description, Reply reply);
 
     /// Fails the test for each box still awaited, and awaits none any more.
     void allCame();
@@ -45,6 +44,3 @@ private:
     std::deque<Awaited> awaited_;
     QTimer look_;
 };
-
-/// A box in one text: icon, title, text, an input box's preset, its buttons in the order of the alphabet.
-std::string describe(const QDialog& dialog);

@@ -1,44 +1,36 @@
-#include "program.h"
+// The event of a cell: opened, changed by the commands, saved or left.
+#include "mapview.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QListView>
 #include <QTest>
+#include <QTimer>
 
-namespace
-{
+using Lines = std::vector<std::string>;
 
-const std::string deleteThis = "Are you sure want to delete this line?\n";
-
-} // namespace
-
-class EventPanelOfACell : public Program
+class EventPanelOfACell : public MapView
 {
 protected:
     EventPanelOfACell()
     {
-        addTiles("01", 4);
-        app.makeProject();
-        openProject("demo");
-        map = &view("mapeditor");
+        open();
         click(*map, "Option1_2");
     }
 
-    std::vector<std::string> event() const { return lines(*map, "listev"); }
-    void writeEvent(const std::string& cell, const std::string& bytes) const
+    Lines event() const { return lines(*map, "listev"); }
+    static std::string file(const std::string& cell) { return "projets/demo/ev/map01/ev" + cell; }
+    void doubleClickAndAnswer(int row, const std::string& named, Reply reply)
     {
-        app.write("projets/demo/ev/map01/ev" + cell, bytes);
+        answers.question("Are you sure want to delete this line?\n" + named, reply);
+        doubleClickLine(*map, "listev", row);
     }
-    std::string readEvent(const std::string& cell) const
-    {
-        return app.read("projets/demo/ev/map01/ev" + cell);
-    }
-
-    QWidget* map = nullptr;
 };
 
 TEST_F(EventPanelOfACell, IsShownOnlyWhileACellIsOpen)
 {
     EXPECT_FALSE(isVisible(*map, "Frame6"));
-    EXPECT_EQ(event(), std::vector<std::string>{"-- Evenements"});
+    EXPECT_EQ(event(), Lines{"-- Evenements"});
     EXPECT_EQ(text(*map, "ln") + text(*map, "co"), "00");
     for (const char* leave : {"Command2", "Command20"}) {
         pressCell(*map, 3, 12);
@@ -48,117 +40,263 @@ TEST_F(EventPanelOfACell, IsShownOnlyWhileACellIsOpen)
         click(*map, leave);
         EXPECT_FALSE(isVisible(*map, "Frame6"));
         EXPECT_TRUE(control(*map, "CarteImg").isEnabled());
+        EXPECT_EQ(mainform->focusWidget(), &control(*map, "CarteImg"));
     }
 }
 
 TEST_F(EventPanelOfACell, OpeningACellLoadsItsLinesAndSavesTheMap)
 {
-    writeEvent("312", "\r\nhero.x = 5 -- D\xE9placement\r\nend\r\nunended");
-    writeEvent("11", "abc\r\nde\r\n");
+    app.write(file("312"), "\r\nhero.x = 5 -- D\xE9placement\r\nend\r\nunended");
     app.remove("projets/demo/map01.map");
     pressCell(*map, 3, 12);
-    EXPECT_EQ(text(*map, "ln"), "3");
-    EXPECT_EQ(text(*map, "co"), "12");
-    EXPECT_EQ(event(), (std::vector<std::string>{"hero.x = 5 -- Déplacement", "end"}));
-    EXPECT_EQ(app.read("projets/demo/map01.map"), savedMap("0101", grid()));
+    EXPECT_EQ(text(*map, "ln") + ' ' + text(*map, "co"), "3 12");
+    EXPECT_EQ(event(), (Lines{"hero.x = 5 -- Déplacement", "end"}));
+    EXPECT_EQ(tiles(), savedMap("0101", grid()));
     pressCell(*map, 1, 1); // the picture takes no clicks meanwhile
     EXPECT_EQ(text(*map, "co"), "12");
     click(*map, "Command20");
-    pressCell(*map, 1, 1);
-    EXPECT_EQ(event(), (std::vector<std::string>{"c", "de"})); // as its first pair is never tested
-    click(*map, "Command20");
     pressCell(*map, 1, 2);
-    EXPECT_EQ(event(), std::vector<std::string>{});
+    EXPECT_EQ(event(), Lines{});
 }
 
 TEST_F(EventPanelOfACell, SaveWritesTheListByteForByteAndCancelNothing)
 {
     const std::string saved = "\r\nhero.x = 5 -- D\xE9placement\r\nend\r\n";
-    writeEvent("312", saved);
+    app.write(file("312"), saved);
     pressCell(*map, 3, 12);
     click(*map, "Command15");
     click(*map, "Command20");
-    EXPECT_EQ(readEvent("312"), saved);
+    EXPECT_EQ(app.read(file("312")), saved);
     pressCell(*map, 3, 12);
     EXPECT_EQ(event().size(), 2U);
     click(*map, "Command15");
     Snapshot expected = app.snapshot();
     click(*map, "Command2");
-    expected["projets/demo/ev/map01/ev312"] = saved + "end\r\n";
+    expected[file("312")] = saved + "end\r\n";
     EXPECT_EQ(Changes(expected, app.snapshot()), "");
     pressCell(*map, 9, 1);
     click(*map, "Command2");
-    EXPECT_EQ(readEvent("91"), "\r\n");
+    EXPECT_EQ(app.read(file("91")), "\r\n");
 }
 
 TEST_F(EventPanelOfACell, SaveGoesToTheMapHeldByThen)
 {
-    WriteIni("Jeu", "cartes", "2", Descriptor());
-    app.write("projets/demo/map02.map", savedMap("0101", grid()));
-    std::filesystem::create_directories(app.at("projets/demo/ev/map02"));
     pressCell(*map, 3, 12);
     click(*map, "Command15");
-    click(*map, "Command4");
-    click(*map, "Command6");
-    moveBar(*map, "HScroll1", 2);
-    click(*map, "Command1");
+    newMap();
     click(*map, "Command2");
-    EXPECT_FALSE(app.has("projets/demo/ev/map01/ev312"));
+    EXPECT_FALSE(app.has(file("312")));
     EXPECT_EQ(app.read("projets/demo/ev/map02/ev312"), "\r\nend\r\n");
 }
 
-TEST_F(EventPanelOfACell, ALineIsDeletedByDoubleClickAndYes)
+TEST_F(EventPanelOfACell, ALineIsDeletedAfterYes)
 {
-    writeEvent("11", "\r\none\r\ntwo\r\nthree\r\n");
-    pressCell(*map, 1, 1);
-    for (const Reply reply : {Reply::No, Reply::Escape, Reply::CloseBox}) {
-        answers.question(deleteThis + "two", reply);
-        doubleClickLine(*map, "listev", 1);
-        EXPECT_EQ(event().size(), 3U);
-    }
-    answers.question(deleteThis + "two", Reply::Yes);
-    doubleClickLine(*map, "listev", 1);
-    EXPECT_EQ(event(), (std::vector<std::string>{"one", "three"}));
-    EXPECT_EQ(readEvent("11"), "\r\none\r\ntwo\r\nthree\r\n"); // until it is saved
-    click(*map, "Command2");
-    EXPECT_EQ(readEvent("11"), "\r\none\r\nthree\r\n");
-}
-
-TEST_F(EventPanelOfACell, EnterOnALineAsksTooAndWithoutASelectionNothingIsRemoved)
-{
-    writeEvent("11", "\r\none\r\ntwo\r\n");
+    const std::string longLine(1 << 20, 'x');
+    const std::string bytes = "\r\n" + longLine + "\r\ntwo\r\nthree\r\n";
+    app.write(file("11"), bytes);
     pressCell(*map, 1, 1);
     auto& list = control<QListView>(*map, "listev");
-    keys(list, {Qt::Key_Return});
-    answers.question(deleteThis, Reply::Yes);
+    keys(list, {Qt::Key_Return}); // nothing is selected
+    answers.question("Are you sure want to delete this line?\n", Reply::Yes);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, list.viewport()->rect().bottomLeft());
-    EXPECT_EQ(event().size(), 2U);
-    keys(list, {Qt::Key_Down, Qt::Key_Down});
-    answers.question(deleteThis + "two", Reply::Yes);
+    doubleClickAndAnswer(0, std::string(500, 'x') + "…", Reply::No);
+    doubleClickAndAnswer(1, "two", Reply::CloseBox);
+    EXPECT_EQ(event().size(), 3U);
+    doubleClickAndAnswer(1, "two", Reply::Yes);
+    EXPECT_TRUE(app.read(file("11")) == bytes); // until it is saved
+    keys(list, {Qt::Key_End});
+    answers.question("Are you sure want to delete this line?\nthree", Reply::Yes);
     keys(list, {Qt::Key_Return});
-    EXPECT_EQ(event(), std::vector<std::string>{"one"});
+    click(*map, "Command2");
+    EXPECT_TRUE(app.read(file("11")) == "\r\n" + longLine + "\r\n");
 }
 
-TEST_F(EventPanelOfACell, ALineOfAMegabyteIsShownShortAndKeptWhole)
+class EventCommands : public EventPanelOfACell
 {
-    const std::string bytes = "\r\n" + std::string(1 << 20, 'x') + "\r\nend\r\n";
-    writeEvent("11", bytes);
-    pressCell(*map, 1, 1);
-    ASSERT_EQ(event().size(), 2U);
-    EXPECT_EQ(event().front(), std::string(500, 'x') + "…");
-    answers.question(deleteThis + std::string(500, 'x') + "…", Reply::No);
-    doubleClickLine(*map, "listev", 0);
+protected:
+    EventCommands() { pressCell(*map, 1, 1); }
+
+    /// The lines appended since the last call.
+    Lines appended()
+    {
+        const Lines all = event();
+        Lines fresh(all.begin() + static_cast<long>(seen_), all.end());
+        seen_ = all.size();
+        return fresh;
+    }
+    static void setVariables(const char* count) { WriteIni("Variables", "nombre", count, Descriptor()); }
+    void moveHero()
+    {
+        answers.box("[Event] Click the new position of hero (OK)", Reply::Ok);
+        click(*map, "Command23");
+    }
+
+private:
+    std::size_t seen_ = 0;
+};
+
+TEST_F(EventCommands, DisplayTextTakesTheAnswerAsTyped)
+{
+    for (const char* typed : {"Hello", "", " \"quoted\\\" ", "é€"}) {
+        answers.line("Type the text! :", typed);
+        click(*map, "Command8");
+        EXPECT_EQ(appended(), Lines{std::string("affichertexte(\"") + typed + "\")"});
+    }
+    answers.line("Type the text! :", "one\ntwo\r\nthree");
+    click(*map, "Command8");
     click(*map, "Command2");
-    EXPECT_TRUE(readEvent("11") == bytes);
+    pressCell(*map, 1, 1);
+    EXPECT_EQ(event().size(), 5U); // pasted line breaks do not split a line
+    EXPECT_NE(app.read(file("11")).find("affichertexte(\"\xE9\x80\")\r\n"), std::string::npos);
 }
 
-TEST_F(EventPanelOfACell, ASaveThatCannotWriteClosesThePanelSilently)
+TEST_F(EventCommands, PauseTakesAWholeNumberOf16Bits)
 {
-    app.remove("projets/demo/ev/map01");
-    pressCell(*map, 1, 1);
-    const Snapshot before = app.snapshot();
+    for (const auto& [typed, expected] : {std::pair{" 7 ", Lines{"screen.waitVblankStart(7)"}},
+                                          {"-2.5", {"screen.waitVblankStart(-2)"}},
+                                          {"40000", {}},
+                                          {"", {}}}) {
+        answers.line("Type the time frame", typed);
+        if (expected.empty()) {
+            answers.stop("Incorrect Value!");
+        }
+        click(*map, "Command12");
+        EXPECT_EQ(appended(), expected) << typed;
+    }
+}
+
+TEST_F(EventCommands, ChangesOfTheHerosHpFollowTheOption)
+{
+    EXPECT_EQ(text(*map, "Text2"), "0");
+    for (const auto& [option, amount, line] :
+         {std::tuple{"Option2_0", "10", "hero.vie = hero.vie - 10 -- Retrait de 10 de vie au héro"},
+          {"Option2_1", "10", "hero.vie = hero.vie + 10 -- Ajout de 10 de vie au héro"},
+          {"Option2_2", "10", "hero.vie = 10 -- Changement de la vie du héro"},
+          {"Option2_2", "", "hero.vie =  -- Changement de la vie du héro"}}) {
+        click(*map, "Command17");
+        click(*map, option);
+        setText(*map, "Text2", amount);
+        click(*map, "Command22");
+        EXPECT_EQ(appended(), Lines{line});
+        EXPECT_FALSE(isVisible(*map, "Frame10"));
+    }
+}
+
+TEST_F(EventCommands, TheHerosNewPlaceIsTheNextCellClicked)
+{
+    moveHero();
+    EXPECT_EQ(mainform->focusWidget(), &control(*map, "CarteImg"));
+    askForStart();
+    pressCell(*map, 4, 5); // goes before
+    EXPECT_EQ(start(), "5 4");
+    EXPECT_EQ(appended(), Lines{});
+    pressCell(*map, 8, 17);
+    EXPECT_EQ(mainform->focusWidget(), &control(*map, "listev"));
+    EXPECT_EQ(appended(), (Lines{"hero.x = 17 -- Déplacement du héro(vertical)",
+                                 "hero.y = 8 -- Déplacelement du héro(horizontal)"}));
+    EXPECT_EQ(text(*map, "ln"), "1"); // the cell clicked was not opened
     click(*map, "Command2");
-    EXPECT_EQ(Changes(before, app.snapshot()), "");
-    EXPECT_FALSE(isVisible(*map, "Frame6"));
-    EXPECT_TRUE(control(*map, "CarteImg").isEnabled());
+    pressCell(*map, 2, 2); // which the next one is
+    EXPECT_EQ(text(*map, "ln"), "2");
+}
+
+TEST_F(EventCommands, CancelEndsAPendingMoveOfTheHeroAndSaveDoesNot)
+{
+    moveHero();
+    click(*map, "Command20");
+    click(*map, "Option1_1");
+    pressCell(*map, 2, 2);
+    EXPECT_EQ(blocks(), savedBlocks(grid({{2, 2, '1'}})));
+
+    click(*map, "Option1_2");
+    pressCell(*map, 1, 1);
+    moveHero();
+    click(*map, "Command2");
+    click(*map, "Option1_1");
+    pressCell(*map, 2, 2);
+    EXPECT_EQ(appended().size(), 2U);
+    EXPECT_TRUE(isVisible(*map, "Frame6")); // whose buttons alone enable the picture again
+    EXPECT_EQ(blocks(), savedBlocks(grid({{2, 2, '1'}})));
+    EXPECT_FALSE(control(*map, "CarteImg").isEnabled());
+}
+
+TEST_F(EventCommands, ChangeMapNamesTheTargetThatTheChooserShows)
+{
+    setCount("12");
+    WriteIni("Carte12", "nom", "End", Descriptor());
+    click(*map, "Command19");
+    EXPECT_TRUE(isVisible(*map, "Frame9"));
+    EXPECT_EQ(text(*map, "Label12") + text(*map, "Label14"), "01Carte 1"); // the map being edited
+    keys(control(*map, "HScroll3"), {Qt::Key_End});
+    EXPECT_EQ(text(*map, "Label12") + text(*map, "Label14"), "12End");
+    click(*map, "Command21");
+    EXPECT_EQ(appended(), Lines{"runmap(\"12\")"});
+    EXPECT_FALSE(isVisible(*map, "Frame9"));
+    moveBar(*map, "HScroll3", 2);
+    EXPECT_EQ(text(*map, "Label14"), "");
+}
+
+TEST_F(EventCommands, ChangeMapWithoutACountEndsTheProgram)
+{
+    setCount("2.0"); // any number is one
+    click(*map, "Command19");
+    EXPECT_EQ(bound("HScroll3"), 2);
+    setCount("40000");
+    answers.box("stop [Erreur] Erreur : Fichier projet.ini corrompus ou introuvable, veuillez reporter ce "
+                "bug sur www.questforge.example/forum\nLe programme va s'arrêter (OK)",
+                Reply::Ok);
+    QObject here;
+    QTimer::singleShot(0, &here, [&] { click(*map, "Command19"); });
+    QTimer::singleShot(2000, &here, [] { QApplication::exit(1); }); // it goes on
+    EXPECT_EQ(QApplication::exec(), 0);
+}
+
+TEST_F(EventCommands, AConditionComparesTheChosenVariable)
+{
+    setVariables("3");
+    WriteIni("Variable2", "valeur", "abc", Descriptor());
+    click(*map, "Command13");
+    auto& variables = control<QComboBox>(*map, "Combo1");
+    auto& operators = control<QComboBox>(*map, "Combo2");
+    ASSERT_EQ(variables.count(), 3);
+    EXPECT_EQ(variables.itemText(1).toStdString(), "Variable 2 de valeur initale : abc");
+    EXPECT_EQ(operators.placeholderText().toStdString(), "=  : égal | ! : différent");
+    EXPECT_EQ(text(*map, "Text3"), "0");
+    EXPECT_EQ(control(*map, "Text3").toolTip().toStdString(), "Taper la valeur (texte ou nombre)");
+
+    click(*map, "Command3"); // neither chosen
+    keys(variables, {Qt::Key_Down, Qt::Key_Down});
+    click(*map, "Command3"); // no operator
+    EXPECT_EQ(appended(), Lines{});
+    EXPECT_TRUE(isVisible(*map, "Frame7"));
+    for (const auto& [key, line] :
+         {std::pair{Qt::Key_Home, "if var[2] == \"abc\" then"}, {Qt::Key_End, "if var[2] ~= abc then"}}) {
+        variables.setCurrentIndex(1);
+        keys(operators, {key});
+        setText(*map, "Text3", "abc");
+        click(*map, "Command3");
+        EXPECT_EQ(appended(), Lines{line});
+        EXPECT_FALSE(isVisible(*map, "Frame7"));
+        EXPECT_EQ(variables.currentIndex(), 1);
+        setVariables("2");
+        click(*map, "Command13"); // lists them anew
+        EXPECT_EQ(variables.count(), 2);
+    }
+    click(*map, "Command15");
+    EXPECT_EQ(appended(), Lines{"end"});
+}
+
+TEST_F(EventCommands, AVariableIsGivenItsNewValue)
+{
+    const std::string prompt = "Taper la nouvelle valeur de la variable : ";
+    setVariables("3");
+    click(*map, "Command18");
+    EXPECT_EQ(lines(*map, "List1"), (Lines{"Variable1", "Variable2", "Variable3"}));
+    answers.line(prompt, "é");
+    clickLine(*map, "List1", 2);
+    EXPECT_EQ(appended(), Lines{"var[3] = \"é\""});
+    EXPECT_FALSE(isVisible(*map, "Frame8"));
+    setVariables("1");
+    click(*map, "Command18");
+    EXPECT_EQ(lines(*map, "List1"), Lines{"Variable1"});
 }

@@ -1,129 +1,123 @@
 // What helps an author at the grid: marks, words, the palette of tiles, keys, and what screen readers hear.
-#include "program.h"
+#include "mapview.h"
 
 #include "maps/tilepalette.h"
-#include "toolkit/scrollbar.h"
 
 #include <functional>
 #include <QAccessible>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
-class Grid : public Program
+class Grid : public MapView
 {
 protected:
     Grid()
     {
         addTiles("01", 7);
         addTiles("02", 60);
-        app.makeProject();
         app.write("projets/demo/map01.map", savedMap("1508", grid({{2, 5, '3'}})));
         app.write("projets/demo/map01.ev", savedBlocks(grid({{2, 5, '1'}})));
         app.write("projets/demo/ev/map01/ev25", "\r\nline\r\n");
         app.write("projets/demo/ev/map01/ev26", "\r\n");
-        openProject("demo");
-        map = &view("mapeditor");
+        open();
         picture = &control(*map, "CarteImg");
     }
 
-    static QPoint middleOf(int row, int column) { return {column * 28 - 14, row * 29 - 14}; }
-    void point(int row, int column) const { QTest::mouseMove(picture, middleOf(row, column)); }
-    /// A cell as the author sees it, with the marks.
-    QImage seen(int row, int column) const
+    void point(int row, int column) const { QTest::mouseMove(picture, {column * 28 - 14, row * 29 - 14}); }
+    /// Whether a cell as the author sees it differs from its picture.
+    bool isMarked(int row, int column) const
     {
         const QRect place((column - 1) * 28, (row - 1) * 29, 28, 29);
-        return picture->parentWidget()->grab(place).toImage().convertToFormat(QImage::Format_RGB32);
+        const QImage seen = picture->parentWidget()->grab(place).toImage();
+        return seen.convertToFormat(QImage::Format_RGB32) != cell(*map, row, column);
     }
-    bool isMarked(int row, int column) const { return seen(row, column) != cell(*map, row, column); }
-    std::string foot() const { return text(*map, "FootLine"); }
-    std::string savedTiles() const { return app.read("projets/demo/map01.map"); }
     void walk(std::initializer_list<Qt::Key> pressed) const
     {
         picture->setFocus();
         keys(*picture, pressed);
+    }
+    /// Gives a cell an event, from any view.
+    static void addEvent(const QWidget& editor, int row, int column)
+    {
+        click(editor, "Option1_2");
+        pressCell(editor, row, column);
+        click(editor, "Command15");
+        click(editor, "Command2");
     }
     TilePalette& palette() const { return control<TilePalette>(*map, "Palette"); }
     void pickTile(int tile) const
     {
         QTest::mouseClick(palette().viewport(), Qt::LeftButton, {}, palette().placeOf(tile).center());
     }
+    int chosen() const { return control<ScrollBar>(*map, "Choixtext").value(); }
 
-    QWidget* map = nullptr;
     QWidget* picture = nullptr;
 };
 
 TEST_F(Grid, MarksLieOverThePictureAndNeverInIt)
 {
-    struct Case {
-        const char* what;
-        int row, column;
-        std::function<void()> mark, unmark;
+    const auto expectMark = [&](int row, int column, const std::function<void()>& mark,
+                                const std::function<void()>& unmark) {
+        SCOPED_TRACE(column);
+        awaitRedraw(*map);
+        const QImage before = cell(*map, row, column);
+        EXPECT_FALSE(isMarked(row, column));
+        mark();
+        awaitRedraw(*map);
+        EXPECT_TRUE(isMarked(row, column));
+        EXPECT_EQ(cell(*map, row, column), before);
+        unmark();
+        EXPECT_FALSE(isMarked(row, column));
     };
-    const std::vector<Case> cases = {
-        {"pointer", 3, 4, [&] { point(3, 4); }, [&] { point(4, 4); }},
-        {"event", 2, 5, [&] { click(*map, "Option1_2"); }, [&] { click(*map, "Option1_0"); }},
-        {"keys", 2, 2,
-         [&] {
-             walk({Qt::Key_Right, Qt::Key_Down});
-         },
-         [&] { control(*map, "Choixtext").setFocus(); }},
-        {"open cell", 5, 6,
-         [&] {
-             click(*map, "Option1_2");
-             pressCell(*map, 5, 6);
-             control(*map, "Option1_0").setFocus();
-         },
-         [&] { click(*map, "Command20"); }}};
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.what);
-        awaitRedraw(*map);
-        const QImage before = cell(*map, each.row, each.column);
-        EXPECT_FALSE(isMarked(each.row, each.column));
-        each.mark();
-        awaitRedraw(*map);
-        EXPECT_TRUE(isMarked(each.row, each.column));
-        EXPECT_EQ(cell(*map, each.row, each.column), before);
-        each.unmark();
-        EXPECT_FALSE(isMarked(each.row, each.column));
-    }
+    const auto toConfiguration = [&] { control(*map, "Choixtext").setFocus(); };
+    const auto openCell = [&] {
+        pressCell(*map, 3, 6);
+        toConfiguration();
+    };
+    expectMark(
+        3, 4, [&] { point(3, 4); }, [&] { point(4, 4); });
+    expectMark(
+        1, 2, [&] { walk({Qt::Key_Right}); }, toConfiguration);
+    expectMark(
+        2, 5, [&] { click(*map, "Option1_2"); }, [&] { click(*map, "Option1_0"); });
+    click(*map, "Option1_2");
+    expectMark(3, 6, openCell, [&] { click(*map, "Command20"); });
 }
 
-TEST_F(Grid, TheHerosStartIsMarkedWhereTheLabelsSay)
+TEST_F(Grid, TheHerosStartIsTheNextCellClickedAndMarked)
 {
     EXPECT_TRUE(isMarked(8, 15));
-    answers.message("Click the box to the starting position of the hero on this map");
-    click(*map, "Command9");
+    askForStart();
     EXPECT_EQ(mainform->focusWidget(), picture);
-    pressCell(*map, 1, 1);
+    click(*map, "Option1_2");
+    saveMap(); // a click beside the cells leaves it pending
+    EXPECT_EQ(start(), "15 08");
+    EXPECT_EQ(changes([&] { pressCell(*map, 2, 15); }), "");
+    EXPECT_EQ(start(), "15 2");
+    EXPECT_FALSE(isVisible(*map, "Frame6")); // the mode's action did not run
     EXPECT_FALSE(isMarked(8, 15));
-    EXPECT_TRUE(isMarked(1, 1));
+    EXPECT_TRUE(isMarked(2, 15));
+    saveMap();
+    EXPECT_EQ(tiles(), savedMap("1502", grid({{2, 5, '3'}})));
 }
 
 TEST_F(Grid, EventsAreMarkedAnewAfterTheyAreSavedOrReset)
 {
     click(*map, "Option1_2");
     EXPECT_FALSE(isMarked(2, 6)); // an event file without an entry
-    pressCell(*map, 2, 6);
-    click(*map, "Command15");
-    click(*map, "Command2");
+    addEvent(*map, 2, 6);
     EXPECT_TRUE(isMarked(2, 6));
-    answers.question(" Are you sure you want to return the card to zero?", Reply::Yes);
-    click(*map, "Command10");
+    reset();
     EXPECT_FALSE(isMarked(2, 5));
     EXPECT_FALSE(isMarked(2, 6));
-    app.write("projets/demo/ev/map01/ev33", "\r\nline\r\n"); // by another view
+    app.write("projets/demo/ev/map01/ev33", "\r\nline\r\n");
     click(*map, "Option1_0");
     click(*map, "Option1_2");
     EXPECT_TRUE(isMarked(3, 3));
     doubleClickLine(view("Controlpanel"), "List1", 0);
-    QWidget& other = view("mapeditor");
-    click(other, "Option1_2");
-    pressCell(other, 4, 4);
-    click(other, "Command15");
-    click(other, "Command2");
+    addEvent(view("mapeditor"), 4, 4);
     EXPECT_FALSE(isMarked(4, 4));
     activate(*map);
     EXPECT_TRUE(isMarked(4, 4));
@@ -141,29 +135,23 @@ TEST_F(Grid, TheFootTellsTheCellUnderThePointer)
 
 TEST_F(Grid, ATileOfThePaletteIsChosenAsByTheChooser)
 {
-    click(*map, "Option1_1");
-    pickTile(6);
-    EXPECT_EQ(control<ScrollBar>(*map, "Choixtext").value(), 6);
-    EXPECT_TRUE(control<QRadioButton>(*map, "Option1_0").isChecked());
-    pressCell(*map, 1, 1);
-    EXPECT_EQ(savedTiles(), savedMap("1508", grid({{1, 1, '5'}, {2, 5, '3'}})));
-
-    click(*map, "Option1_1");
-    pickTile(6); // the one that is chosen
-    EXPECT_TRUE(control<QRadioButton>(*map, "Option1_0").isChecked());
-    pickTile(8); // there is none
-    EXPECT_EQ(control<ScrollBar>(*map, "Choixtext").value(), 6);
-
-    for (const auto& [key, tile] : {std::pair{Qt::Key_Left, 5},
-                                    {Qt::Key_Home, 1},
-                                    {Qt::Key_Left, 1},
-                                    {Qt::Key_Down, 6},
-                                    {Qt::Key_Down, 6},
-                                    {Qt::Key_End, 7},
-                                    {Qt::Key_Up, 2}}) {
-        keys(palette(), {key});
-        EXPECT_EQ(control<ScrollBar>(*map, "Choixtext").value(), tile);
+    for (int time = 0; time < 2; ++time) { // the second picks the one that is chosen
+        click(*map, "Option1_1");
+        pickTile(6);
+        EXPECT_EQ(chosen(), 6);
+        EXPECT_TRUE(control<QRadioButton>(*map, "Option1_0").isChecked());
     }
+    pickTile(8); // there is none
+    EXPECT_EQ(chosen(), 6);
+    pressCell(*map, 1, 1);
+    EXPECT_EQ(tiles(), savedMap("1508", grid({{1, 1, '5'}, {2, 5, '3'}})));
+
+    keys(palette(), {Qt::Key_Home, Qt::Key_Right, Qt::Key_Right, Qt::Key_Up});
+    EXPECT_EQ(chosen(), 3);
+    keys(palette(), {Qt::Key_Left, Qt::Key_Left, Qt::Key_Down, Qt::Key_Down});
+    EXPECT_EQ(chosen(), 6);
+    keys(palette(), {Qt::Key_End, Qt::Key_Up});
+    EXPECT_EQ(chosen(), 2);
 }
 
 TEST_F(Grid, ThePaletteFollowsTheTilesetAndTheChooser)
@@ -176,34 +164,30 @@ TEST_F(Grid, ThePaletteFollowsTheTilesetAndTheChooser)
     WriteIni("Carte01", "texture", "02", Descriptor());
     awaitRedraw(*map);
     EXPECT_EQ(shownAt(7), tile("02", 7));
-    EXPECT_FALSE(palette().viewport()->rect().contains(palette().placeOf(60)));
-    moveBar(*map, "Choixtext", 60);
+    chooseTile(60); // which was out of sight
     EXPECT_TRUE(palette().viewport()->rect().contains(palette().placeOf(60)));
     EXPECT_EQ(shownAt(60), tile("02", 60));
     pickTile(58);
-    EXPECT_EQ(control<ScrollBar>(*map, "Choixtext").value(), 58);
+    EXPECT_EQ(chosen(), 58);
 }
 
 TEST_F(Grid, KeysWalkTheGridAndClickTheirCell)
 {
-    keys(palette(), {Qt::Key_Right});
+    chooseTile(2);
     walk({Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Left, Qt::Key_Space});
-    EXPECT_EQ(savedTiles(), savedMap("1508", grid({{2, 1, '1'}, {2, 5, '3'}})));
+    EXPECT_EQ(tiles(), savedMap("1508", grid({{2, 1, '1'}, {2, 5, '3'}})));
     for (int step = 0; step < 9; ++step) {
         keys(*picture, {Qt::Key_Down});
     }
     EXPECT_EQ(foot(), "Row 9, column 1: tile 1");
     EXPECT_TRUE(isMarked(9, 1));
-    walk({Qt::Key_Up});
     click(*map, "Option1_1");
-    walk({Qt::Key_End, Qt::Key_Right, Qt::Key_Return});
-    EXPECT_EQ(app.read("projets/demo/map01.ev"), savedBlocks(grid({{2, 5, '1'}, {8, 17, '1'}})));
+    walk({Qt::Key_Up, Qt::Key_End, Qt::Key_Return});
+    EXPECT_EQ(blocks(), savedBlocks(grid({{2, 5, '1'}, {8, 17, '1'}})));
     EXPECT_EQ(foot(), "Row 8, column 17: tile 1, blocked");
     click(*map, "Option1_2");
     walk({Qt::Key_Enter});
     EXPECT_EQ(text(*map, "co"), "17");
-    keys(control(*map, "Command20"), {Qt::Key_Space});
-    EXPECT_TRUE(picture->hasFocus()); // to go on from there
 }
 
 TEST_F(Grid, IsATableOfCellsForScreenReaders)
@@ -220,12 +204,9 @@ TEST_F(Grid, IsATableOfCellsForScreenReaders)
     walk({Qt::Key_Down});
     EXPECT_EQ(table->focusChild(), table->child(17));
     EXPECT_TRUE(table->child(17)->state().focused);
-    EXPECT_FALSE(second->state().focused);
     second->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(savedTiles(), savedMap("1508", grid()));
-    QAccessibleInterface* last = table->child(152);
-    EXPECT_EQ(last->text(QAccessible::Name), u"Row 9, column 17: tile 1"_s);
-    EXPECT_TRUE(table->rect().contains(last->rect()));
+    EXPECT_EQ(tiles(), savedMap("1508", grid()));
+    EXPECT_TRUE(table->rect().contains(table->child(152)->rect()));
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(&control(*map, "GridMarks"))->state().invisible);
 }
 
@@ -238,6 +219,6 @@ TEST_F(Grid, ThePaletteIsAValueForScreenReaders)
     for (const auto& [wanted, found] : {std::pair{6, 6}, {8, 6}, {0, 6}, {1, 1}}) {
         value->setCurrentValue(wanted);
         EXPECT_EQ(value->currentValue(), found);
-        EXPECT_EQ(control<ScrollBar>(*map, "Choixtext").value(), found);
+        EXPECT_EQ(chosen(), found);
     }
 }

@@ -1,85 +1,39 @@
-#include "program.h"
-
-#include "toolkit/scrollbar.h"
+// What a click on the grid does, the configuration beside it, and the picture that is drawn of the map.
+#include "mapview.h"
 
 #include <QLabel>
 #include <QRadioButton>
+#include <QRect>
 #include <QTest>
+#include <sys/stat.h>
 
-class Painting : public Program
+class Painting : public MapView
 {
 protected:
-    Painting()
-    {
-        addTiles("01", 5);
-        app.makeProject();
-        openProject("demo");
-        map = &view("mapeditor");
-    }
+    Painting() { open(); }
 
-    std::string savedTiles() const { return app.read("projets/demo/map01.map"); }
-    std::string savedFlags() const { return app.read("projets/demo/map01.ev"); }
     bool isChosen(const char* mode) const { return control<QRadioButton>(*map, mode).isChecked(); }
-    int upperBound(const char* bar) const { return control<ScrollBar>(*map, bar).maximum(); }
-    QImage chosenTile() const
-    {
-        return control<QLabel>(*map, "Image5").pixmap().toImage().convertToFormat(QImage::Format_RGB32);
-    }
-
-    QWidget* map = nullptr;
 };
 
 TEST_F(Painting, AClickSetsTheChosenTileAndSaves)
 {
-    EXPECT_EQ(upperBound("Choixtext"), 5); // without a first move
-    moveBar(*map, "Choixtext", 3);
+    EXPECT_EQ(bound("Choixtext"), 10); // without a first move
+    chooseTile(3);
     pressGrid(*map, 850, 100);
-    EXPECT_EQ(savedTiles(), savedMap("0101", grid({{1, 3, '2'}})));
+    EXPECT_EQ(tiles(), savedMap("0101", grid({{1, 3, '2'}})));
     EXPECT_EQ(cell(*map, 1, 3), tile("01", 3)); // redrawn at once
+    pressGrid(*map, 0, 3480);                   // the strip below the grid is a ninth row
+    EXPECT_EQ(tiles(), "0101\r\n" + grid({{1, 3, '2'}}) + "2\r\n\r\n");
 }
 
-TEST_F(Painting, EveryMouseButtonAndTheSecondPressOfAPairPaint)
+TEST_F(Painting, EveryMouseButtonAndTheSecondPressOfAPairToggleABlock)
 {
-    control<QRadioButton>(*map, "Option1_1").click();
+    click(*map, "Option1_1");
     QWidget& picture = control(*map, "CarteImg");
     QTest::mousePress(&picture, Qt::RightButton, {}, {5, 5});
-    EXPECT_EQ(savedFlags(), savedBlocks(grid({{1, 1, '1'}})));
+    EXPECT_EQ(blocks(), savedBlocks(grid({{1, 1, '1'}})));
     QTest::mouseDClick(&picture, Qt::LeftButton, {}, {5, 5});
-    EXPECT_EQ(savedFlags(), savedBlocks(grid()));
-}
-
-TEST_F(Painting, BlocksTurnOneIntoZeroAndAllElseIntoOne)
-{
-    app.write("projets/demo/map01.ev", grid({{1, 2, 'x'}}));
-    openProject("demo");
-    map = &view("mapeditor");
-    click(*map, "Option1_1");
-    for (const char flag : {'1', '0', '1'}) {
-        pressCell(*map, 8, 17);
-        EXPECT_EQ(savedFlags(), savedBlocks(grid({{1, 2, 'x'}, {8, 17, flag}})));
-    }
-    pressCell(*map, 1, 2);
-    EXPECT_EQ(savedFlags(), savedBlocks(grid({{1, 2, '1'}, {8, 17, '1'}})));
-}
-
-TEST_F(Painting, TheStripBelowTheGridIsANinthRow)
-{
-    click(*map, "Option1_1");
-    pressGrid(*map, 6725, 3600);
-    EXPECT_EQ(savedFlags(), grid() + "1\r\n\r\n");
-    click(*map, "Option1_0");
-    pressGrid(*map, 0, 3480);
-    EXPECT_EQ(savedTiles(), "0101\r\n" + grid() + "0\r\n\r\n");
-}
-
-TEST_F(Painting, AClickBesideTheCellsChangesNothingAndSaves)
-{
-    moveBar(*map, "Choixtext", 3);
-    app.remove("projets/demo/map01.map");
-    app.remove("projets/demo/map01.ev");
-    pressGrid(*map, 7150, 100);
-    EXPECT_EQ(savedTiles(), savedMap("0101", grid()));
-    EXPECT_EQ(savedFlags(), savedBlocks(grid()));
+    EXPECT_EQ(blocks(), savedBlocks(grid()));
 }
 
 TEST_F(Painting, TheChooserShowsItsTileAndSelectsThePictureMode)
@@ -87,84 +41,32 @@ TEST_F(Painting, TheChooserShowsItsTileAndSelectsThePictureMode)
     click(*map, "Option1_1");
     keys(control(*map, "Choixtext"), {Qt::Key_Right});
     EXPECT_TRUE(isChosen("Option1_0"));
-    EXPECT_EQ(chosenTile(), tile("01", 2));
+    const QImage shown = control<QLabel>(*map, "Image5").pixmap().toImage();
+    EXPECT_EQ(shown.convertToFormat(QImage::Format_RGB32), tile("01", 2));
     click(*map, "Option1_2");
     click(*map, "Image5");
     EXPECT_TRUE(isChosen("Option1_0"));
-    WriteIni("texture", "nbimg", "4", app.at("data/images/terrains/terrain01/texture.ini"));
-    moveBar(*map, "Choixtext", 5);
-    EXPECT_EQ(upperBound("Choixtext"), 4);
+    app.addTileset("01", "4");
+    chooseTile(3);
+    EXPECT_EQ(bound("Choixtext"), 4);
 }
 
-TEST_F(Painting, ABrokenTileCountLeavesTheFirstTile)
+TEST_F(Painting, ResetAsksAndEmptiesTheEventsAndTheMap)
 {
-    for (const char* count : {"", "0", "-1", "abc", "1000000000"}) {
-        WriteIni("texture", "nbimg", count, app.at("data/images/terrains/terrain01/texture.ini"));
-        openProject("demo");
-        map = &view("mapeditor");
-        EXPECT_EQ(upperBound("Choixtext"), 1) << count;
-        moveBar(*map, "Choixtext", 2);
-        pressCell(*map, 1, 1);
-        EXPECT_EQ(savedTiles(), savedMap("0101", grid())) << count;
-    }
-}
-
-TEST_F(Painting, TheHerosStartIsTheNextCellClicked)
-{
-    const Snapshot before = app.snapshot();
-    answers.message("Click the box to the starting position of the hero on this map");
-    click(*map, "Command9");
-    click(*map, "Option1_2");
-    pressCell(*map, 2, 15);
-    EXPECT_EQ(text(*map, "Label4"), "15");
-    EXPECT_EQ(text(*map, "Label5"), "2");
-    EXPECT_EQ(Changes(before, app.snapshot()), "");
-    EXPECT_FALSE(isVisible(*map, "Frame6")); // the mode's action did not run
-    click(*map, "Option1_1");
-    pressCell(*map, 1, 1);
-    EXPECT_EQ(savedTiles(), savedMap("1502", grid()));
-}
-
-TEST_F(Painting, AClickBesideTheCellsLeavesTheHerosStartPending)
-{
-    answers.message("Click the box to the starting position of the hero on this map");
-    click(*map, "Command9");
-    pressGrid(*map, 7150, 100);
-    EXPECT_EQ(text(*map, "Label4"), "01");
-    pressCell(*map, 9, 17);
-    EXPECT_EQ(text(*map, "Label4"), "17");
-    EXPECT_EQ(text(*map, "Label5"), "9");
-}
-
-TEST_F(Painting, ResetAsksAndEmptiesTheEventsOfTheEightRows)
-{
-    for (const char* name : {"ev11", "ev817", "ev91"}) {
-        app.write(std::string("projets/demo/ev/map01/") + name, "\r\nline\r\n");
-    }
-    moveBar(*map, "Choixtext", 3);
+    app.write("projets/demo/ev/map01/ev11", "\r\nline\r\n");
+    chooseTile(3);
     pressCell(*map, 1, 3);
-    const Snapshot before = app.snapshot();
-    answers.question(" Are you sure you want to return the card to zero?", Reply::No);
-    click(*map, "Command10");
-    EXPECT_EQ(Changes(before, app.snapshot()), "");
-    awaitRedraw(*map);
-    EXPECT_EQ(cell(*map, 1, 3), tile("01", 3));
-
-    answers.question(" Are you sure you want to return the card to zero?", Reply::Yes);
-    click(*map, "Command10");
-    Snapshot expected = before;
-    for (int row = 1; row <= 8; ++row) {
-        for (int column = 1; column <= 17; ++column) {
-            expected["projets/demo/ev/map01/ev" + std::to_string(row) + std::to_string(column)] = "\r\n";
-        }
-    }
-    EXPECT_EQ(Changes(expected, app.snapshot()), ""); // the map's files among them
+    const std::string painted = tiles();
+    EXPECT_EQ(changes([&] { reset(Reply::No); }), "");
+    reset();
+    EXPECT_EQ(app.read("projets/demo/ev/map01/ev11"), "\r\n");
+    EXPECT_EQ(tiles(), painted); // until the next click saves it
     awaitRedraw(*map);
     EXPECT_EQ(cell(*map, 1, 3), tile("01", 1));
-    pressGrid(*map, 7150, 100);
+    saveMap();
     const std::string ninth = std::string(17, '0') + "\r\n\r\n";
-    EXPECT_EQ(savedTiles(), "0101\r\n" + grid() + ninth);
-    EXPECT_EQ(savedFlags(), grid() + ninth);
+    EXPECT_EQ(tiles(), "0101\r\n" + grid() + ninth);
+    EXPECT_EQ(blocks(), grid() + ninth);
 }
 
 TEST_F(Painting, TheSizeBarsShowTheirValuesAndBoundTheBarsOfThePicture)
@@ -172,14 +74,122 @@ TEST_F(Painting, TheSizeBarsShowTheirValuesAndBoundTheBarsOfThePicture)
     EXPECT_EQ(text(*map, "Label15"), "Width : 17");
     EXPECT_EQ(text(*map, "Label16"), "Height : 8");
     keys(control(*map, "HScroll5"), {Qt::Key_Right, Qt::Key_Right, Qt::Key_Right});
-    EXPECT_EQ(text(*map, "Label15"), "Largeur = 20");
-    EXPECT_EQ(upperBound("HScroll4"), 4);
     keys(control(*map, "HScroll6"), {Qt::Key_End});
+    EXPECT_EQ(text(*map, "Label15"), "Largeur = 20");
     EXPECT_EQ(text(*map, "Label16"), "Hauteur = 50");
-    EXPECT_EQ(upperBound("VScroll1"), 43);
-    const Snapshot before = app.snapshot();
-    keys(control(*map, "HScroll4"), {Qt::Key_End});
-    awaitRedraw(*map);
+    EXPECT_EQ(bound("HScroll4"), 4);
+    EXPECT_EQ(bound("VScroll1"), 43);
+}
+
+class MapPicture : public MapView
+{
+protected:
+    MapPicture() { addTiles("02", 2); }
+
+    void show(const std::string& rows, const std::string& blockRows = grid())
+    {
+        app.write("projets/demo/map01.map", savedMap("0101", rows));
+        app.write("projets/demo/map01.ev", savedBlocks(blockRows));
+        open();
+    }
+
+    /// The part of a cell that is bright: its mark.
+    QRect mark(int row, int column) const
+    {
+        const QImage seen = cell(*map, row, column);
+        QRect part;
+        for (int y = 0; y < seen.height(); ++y) {
+            for (int x = 0; x < seen.width(); ++x) {
+                part |= qGray(seen.pixel(x, y)) > 200 ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        return part;
+    }
+};
+
+TEST_F(MapPicture, ShowsEachCellsTileInItsPlace)
+{
+    show(grid({{1, 1, '2'}, {1, 17, '9'}, {4, 6, '1'}, {8, 1, '3'}, {8, 17, '8'}}));
+    for (const auto& [row, column, number] :
+         {std::array{1, 1, 3}, {1, 17, 10}, {4, 6, 2}, {8, 1, 4}, {8, 17, 9}, {1, 2, 1}, {7, 17, 1}}) {
+        EXPECT_EQ(cell(*map, row, column), tile("01", number)) << row << ' ' << column;
+    }
+}
+
+TEST_F(MapPicture, ACellWhoseTileCannotBeDrawnKeepsWhatItShowed)
+{
+    app.write("data/images/terrains/terrain01/terrain06.JPG", "");
+    app.write("data/images/terrains/terrain01/terrain07.JPG", "no picture");
+    app.remove("data/images/terrains/terrain01/terrain08.JPG");
+    app.remove("data/images/terrains/terrain01/terrain09.JPG");
+    ASSERT_EQ(::mkfifo(app.at("data/images/terrains/terrain01/terrain09.JPG").c_str(), 0600), 0);
+    show(grid({}, '1'));
+    app.write("projets/demo/map01.map", "0101\r\n5678x-" + std::string(11, '2') + "\r\n");
+    load();
+    for (int column = 1; column <= 6; ++column) {
+        EXPECT_EQ(cell(*map, 1, column), tile("01", 2)) << column;
+    }
+    EXPECT_EQ(cell(*map, 1, 7), tile("01", 3));
+}
+
+TEST_F(MapPicture, TheMarkOfABlockedCellStandsInsetExceptRightAfterALoad)
+{
+    show(grid(), grid({{1, 1, '1'}, {3, 2, '1'}, {3, 3, '2'}}));
+    EXPECT_TRUE(mark(3, 3).isEmpty()); // only "1" blocks
+    for (const auto& [row, column] : {std::pair{1, 1}, {3, 2}}) {
+        awaitRedraw(*map);
+        const QRect inset = mark(row, column);
+        EXPECT_GE(inset.left(), 5); // 75 twips
+        EXPECT_GT(inset.height(), 5);
+        load();
+        EXPECT_EQ(mark(row, column), inset.translated(-5, 0));
+    }
+    click(*map, "Option1_1");
+    pressCell(*map, 1, 1);
+    EXPECT_TRUE(mark(1, 1).isEmpty());
+}
+
+TEST_F(MapPicture, EveryRedrawReadsTheTilesetAnew)
+{
+    show(grid({{1, 2, '1'}, {1, 3, '2'}}));
     EXPECT_EQ(cell(*map, 1, 1), tile("01", 1));
-    EXPECT_EQ(Changes(before, app.snapshot()), "");
+    WriteIni("Carte01", "texture", "02", Descriptor());
+    awaitRedraw(*map);
+    EXPECT_EQ(bound("Choixtext"), 2);
+    for (const char* noTileset : {"02", "", "99", "../terrain01"}) {
+        WriteIni("Carte01", "texture", noTileset, Descriptor());
+        awaitRedraw(*map);
+        EXPECT_EQ(cell(*map, 1, 1), tile("02", 1)) << noTileset;
+        EXPECT_EQ(cell(*map, 1, 2), tile("02", 2)) << noTileset;
+        EXPECT_EQ(cell(*map, 1, 3), tile("01", 3)) << noTileset; // there is no third tile
+    }
+}
+
+TEST_F(MapPicture, TheMapFieldGivesTheTilesetAndTheHeldMapTheFile)
+{
+    setCount("3");
+    WriteIni("Carte03", "texture", "02", Descriptor());
+    show(grid());
+    moveBar(*map, "HScroll1", 3);
+    awaitRedraw(*map);
+    EXPECT_EQ(cell(*map, 1, 1), tile("02", 1));
+    click(*map, "Option1_1");
+    pressCell(*map, 1, 1);
+    EXPECT_EQ(blocks(), savedBlocks(grid({{1, 1, '1'}})));
+    EXPECT_FALSE(app.has("projets/demo/map03.ev"));
+}
+
+TEST_F(MapPicture, TheStripsBesideTheCellsTakeTheDesktopsColourWhateverTheNinthRowHolds)
+{
+    show(grid());
+    click(*map, "Option1_1");
+    pressGrid(*map, 210, 3600);
+    awaitRedraw(*map);
+    QWidget& picture = control(*map, "CarteImg");
+    const QColor colour(20, 60, 20);
+    QPalette dressed = picture.palette();
+    dressed.setColor(QPalette::Window, colour);
+    picture.setPalette(dressed);
+    EXPECT_EQ(picture.grab().toImage().pixelColor(478, 10), colour);
+    EXPECT_EQ(picture.grab().toImage().pixelColor(10, 240), colour);
 }

@@ -1,101 +1,58 @@
-#include "program.h"
+// A map editor loads and saves its map, and belongs to the project that this was loaded from.
+#include "mapview.h"
 
-class MapEditor : public Program
-{
-protected:
-    MapEditor()
-    {
-        addTiles("01", 4);
-        app.makeProject();
-    }
+#include <QComboBox>
 
-    /// Opens map 01 of the project and gives its view.
-    QWidget& editor()
-    {
-        openProject("demo");
-        return view("mapeditor");
-    }
-    void writeMap(const std::string& number, const std::string& map, const std::string& blocks) const
-    {
-        app.write("projets/demo/map" + number + ".map", map);
-        app.write("projets/demo/map" + number + ".ev", blocks);
-    }
-};
+using MapEditor = MapView;
 
 TEST_F(MapEditor, OpensWithItsMapBesideTheControlPanel)
 {
-    writeMap("01", savedMap("0305", grid()), savedBlocks(grid()));
-    const QWidget& map = editor();
-    EXPECT_EQ(map.windowTitle().toStdString(), "Map editor");
-    EXPECT_EQ(map.parentWidget()->pos(), QPoint(view("Controlpanel").parentWidget()->width(), 0));
-    EXPECT_EQ(control(map, "CarteImg").geometry(), QRect(0, 0, 481, 249));
-    EXPECT_EQ(text(map, "Text1"), "Carte 1");
-    EXPECT_EQ(text(map, "Label4"), "03");
-    EXPECT_EQ(text(map, "Label5"), "05");
-    EXPECT_EQ(text(map, "Frame2"), "Configuration");
+    app.write("projets/demo/map01.map", savedMap("0305", grid()));
+    open();
+    EXPECT_EQ(map->windowTitle().toStdString(), "Map editor");
+    EXPECT_EQ(map->parentWidget()->pos(), QPoint(view("Controlpanel").parentWidget()->width(), 0));
+    EXPECT_EQ(control(*map, "CarteImg").geometry(), QRect(0, 0, 481, 249));
+    EXPECT_EQ(text(*map, "Text1"), "Carte 1");
+    EXPECT_EQ(start(), "03 05");
     for (const char* frame : {"Frame1", "Frame3", "Frame4", "Frame6"}) {
-        EXPECT_FALSE(isVisible(map, frame)) << frame;
+        EXPECT_FALSE(isVisible(*map, frame)) << frame;
     }
-}
-
-TEST_F(MapEditor, SavesWhatItLoadedAndANewlyMadeMapTo162And156Bytes)
-{
-    const std::string map = savedMap("0305", grid({{1, 1, '2'}, {8, 17, '3'}}));
-    const std::string blocks = savedBlocks(grid({{2, 5, '1'}}));
-    writeMap("01", map, blocks);
-    pressGrid(editor(), 7150, 100); // beside the cells: saves, changes nothing
-    EXPECT_EQ(app.read("projets/demo/map01.map"), map);
-    EXPECT_EQ(app.read("projets/demo/map01.ev"), blocks);
-    EXPECT_EQ(map.size(), 162U);
-    EXPECT_EQ(blocks.size(), 156U);
 }
 
 TEST_F(MapEditor, SavesUnderTheNumberAndNameOfTheMapItHolds)
 {
-    WriteIni("Jeu", "cartes", "2", Descriptor());
-    writeMap("02", savedMap("0101", grid()), savedBlocks(grid()));
-    openProject("demo");
+    setCount("2");
+    app.write("projets/demo/map02.map", savedMap("0101", grid()));
+    app.write("projets/demo/map02.ev", savedBlocks(grid()));
+    open();
     doubleClickLine(view("Controlpanel"), "List1", 1);
-    const QWidget& map = view("mapeditor");
-    EXPECT_EQ(text(map, "Text1"), "");
-    setText(map, "Text1", "For\xC3\xAAt");
+    map = &view("mapeditor");
+    EXPECT_EQ(text(*map, "Text1"), "");
+    setText(*map, "Text1", "For\xC3\xAAt");
     Snapshot expected = app.snapshot();
-    pressGrid(map, 7150, 100);
+    saveMap();
     expected["projets/demo/projet.ini"] += "[Carte02]\r\nnom=For\xEAt\r\n";
     EXPECT_EQ(Changes(expected, app.snapshot()), "");
 }
 
-TEST_F(MapEditor, WritesThePastedNameOnOneLine)
-{
-    const QWidget& map = editor();
-    setText(map, "Text1", "two\nlines\r\n[Jeu]");
-    pressGrid(map, 7150, 100);
-    const std::string name = ReadIni("Carte01", "nom", Descriptor());
-    EXPECT_EQ(name.find_first_of("\r\n"), std::string::npos);
-    EXPECT_EQ(name.substr(0, 3) + name.substr(name.size() - 5), "two[Jeu]");
-    EXPECT_EQ(ReadIni("Jeu", "cartes", Descriptor()), "1");
-}
-
 TEST_F(MapEditor, AnEmptyMapFileIsReportedAtEveryLoadAndNeverSaved)
 {
-    for (const char* content : {"", "missing"}) {
-        SCOPED_TRACE(content);
-        app.write("projets/demo/map01.map", content);
-        if (*content != '\0') {
-            app.remove("projets/demo/map01.map");
-        }
-        for (int load = 0; load < 3; ++load) { // twice while it opens, once for its creator
-            answers.stop(invalidMap);
-        }
-        const QWidget& map = editor();
-        answers.allCame();
-        EXPECT_EQ(text(map, "Label4"), "");
-        EXPECT_EQ(text(map, "Label5"), "");
-        EXPECT_EQ(text(map, "Text1"), "Carte 1");
-        const Snapshot before = app.snapshot();
-        pressCell(map, 2, 2);
-        EXPECT_EQ(Changes(before, app.snapshot()), "");
+    app.write("projets/demo/map01.map", "");
+    for (int time = 0; time < 3; ++time) { // twice while it opens, once for its creator
+        answers.stop(invalidMap);
     }
+    open();
+    answers.allCame();
+    EXPECT_EQ(start(), " ");
+    EXPECT_EQ(text(*map, "Text1"), "Carte 1");
+    EXPECT_EQ(changes([&] { pressCell(*map, 2, 2); }), "");
+    EXPECT_EQ(foot(),
+              "Not saved: the file of this map is missing or empty. \"Change\" the hero's start to make "
+              "it anew.");
+    askForStart();
+    pressCell(*map, 5, 4);
+    pressCell(*map, 2, 2);
+    EXPECT_EQ(tiles().substr(0, 4), "0405");
 }
 
 TEST_F(MapEditor, AMapWithAFileThatCannotBeReadIsNotSaved)
@@ -103,84 +60,165 @@ TEST_F(MapEditor, AMapWithAFileThatCannotBeReadIsNotSaved)
     // A folder in place of the block file: no flags are read, and what lies there is not known.
     app.remove("projets/demo/map01.ev");
     std::filesystem::create_directory(app.at("projets/demo/map01.ev"));
-    QWidget& map = editor();
-    const Snapshot before = app.snapshot();
-    pressCell(map, 2, 2);
-    EXPECT_EQ(Changes(before, app.snapshot()), "");
-    EXPECT_EQ(text(map, "FootLine"),
-              "Not saved: a file of this map cannot be read. Mend it and load the map again.");
+    open();
+    EXPECT_EQ(changes([&] { pressCell(*map, 2, 2); }), "");
+    EXPECT_EQ(foot(), "Not saved: a file of this map cannot be read. Mend it and load the map again.");
 
-    std::filesystem::remove(app.at("projets/demo/map01.ev"));
-    click(map, "Command4");
-    click(map, "Command6");
-    click(map, "Command1");
-    pressCell(map, 2, 2);
-    EXPECT_NE(app.read("projets/demo/map01.ev"), "");
+    app.remove("projets/demo/map01.ev");
+    load();
+    pressCell(*map, 2, 2);
+    EXPECT_NE(blocks(), "");
+}
+
+TEST_F(MapEditor, AnEventThatCannotBeReadOrIsNoneThatAPersonWroteIsNotOpened)
+{
+    std::filesystem::create_directory(app.at("projets/demo/ev/map01/ev11"));
+    app.write("projets/demo/ev/map01/ev12", "");
+    std::filesystem::resize_file(app.at("projets/demo/ev/map01/ev12"), (16 << 20) + 1);
+    open();
+    click(*map, "Option1_2");
+    for (const int column : {1, 2}) {
+        EXPECT_EQ(changes([&] { pressCell(*map, 1, column); }), "");
+        EXPECT_FALSE(isVisible(*map, "Frame6"));
+        EXPECT_EQ(foot(),
+                  "The event of this cell cannot be opened: its file cannot be read, or holds more than "
+                  "16 MB.");
+    }
 }
 
 TEST_F(MapEditor, AFailedLoadKeepsTheGridAndTheNextGoodOneReplacesIt)
 {
-    WriteIni("Jeu", "cartes", "2", Descriptor());
-    writeMap("01", savedMap("0101", grid({}, '1')), savedBlocks(grid()));
-    const QWidget& map = editor();
+    const std::string first = savedMap("0101", grid({}, '1'));
+    const std::string second = savedMap("0202", grid({}, '2'));
+    setCount("2");
     WriteIni("Carte02", "texture", "01", Descriptor());
-    click(map, "Command4");
-    click(map, "Command6");
-    moveBar(map, "HScroll1", 2);
+    app.write("projets/demo/map01.map", first);
+    open();
+    moveBar(*map, "HScroll1", 2);
     answers.stop(invalidMap);
-    click(map, "Command1");
+    load();
     answers.allCame();
-    awaitRedraw(map);
-    EXPECT_EQ(cell(map, 8, 17), tile("01", 2));
+    EXPECT_EQ(changes([&] { saveMap(); }), "");
+    EXPECT_EQ(cell(*map, 8, 17), tile("01", 2));
 
-    writeMap("02", savedMap("0202", grid({}, '2')), savedBlocks(grid()));
-    click(map, "Command4");
-    click(map, "Command6");
-    click(map, "Command1");
-    EXPECT_EQ(cell(map, 8, 17), tile("01", 3));
-    pressGrid(map, 7150, 100);
-    EXPECT_EQ(app.read("projets/demo/map02.map"), savedMap("0202", grid({}, '2')));
-    EXPECT_EQ(app.read("projets/demo/map01.map"), savedMap("0101", grid({}, '1')));
-}
-
-TEST_F(MapEditor, AMissingBlockFileLoadsFreeCells)
-{
-    app.remove("projets/demo/map01.ev");
-    const QWidget& map = editor();
-    EXPECT_EQ(cell(map, 1, 1), tile("01", 1)); // no mark
-    pressGrid(map, 7150, 100);
-    std::string emptyRows;
-    for (int row = 1; row <= 10; ++row) {
-        emptyRows += "\r\n";
-    }
-    EXPECT_EQ(app.read("projets/demo/map01.ev"), emptyRows);
+    app.write("projets/demo/map02.map", second);
+    load();
+    EXPECT_EQ(cell(*map, 8, 17), tile("01", 3));
+    saveMap();
+    EXPECT_EQ(tiles("02"), second);
+    EXPECT_EQ(tiles(), first);
 }
 
 TEST_F(MapEditor, AProjectWithoutMapsGetsItsFirst)
 {
-    WriteIni("Jeu", "cartes", "0", Descriptor());
+    setCount("0");
     app.remove("projets/demo/map01.map");
     app.remove("projets/demo/map01.ev");
     answers.message("There is no map, a new map will be automatically created");
-    const QWidget& map = editor();
+    open();
     EXPECT_EQ(ReadIni("Jeu", "cartes", Descriptor()), "01");
-    EXPECT_EQ(app.read("projets/demo/map01.map"), app.read("data/ftgmma.dat") + "\r\n");
-    EXPECT_EQ(text(map, "Label4"), "01");
+    EXPECT_EQ(tiles(), app.read("data/ftgmma.dat") + "\r\n");
+    EXPECT_EQ(start(), "01 01");
 }
 
-TEST_F(MapEditor, OnlyACountOfZeroMeansThatThereIsNoMap)
+class MapOfAProject : public MapView
 {
-    for (const char* count : {"-1", "abc", "40000", "1000000000"}) {
-        SCOPED_TRACE(count);
-        WriteIni("Jeu", "cartes", count, Descriptor());
-        const QWidget& map = editor(); // unasked
-        const Snapshot before = app.snapshot();
-        click(map, "Command4");
-        answers.stop(noMapMade);
-        click(map, "Command5");
-        answers.allCame();
-        EXPECT_FALSE(isVisible(map, "Frame3"));
-        EXPECT_EQ(text(map, "Label1"), "01");
-        EXPECT_EQ(Changes(before, app.snapshot()), "");
+protected:
+    MapOfAProject()
+    {
+        addTiles("02", 4);
+        app.makeProject("theirs");
+        WriteIni("Carte01", "texture", "02", Descriptor());
+        for (const char* project : {"theirs", "demo"}) {
+            SetCurrentProject(project);
+            setCount("3");
+            WriteIni("Carte02", "nom", "named", Descriptor());
+            WriteIni("Variables", "nombre", "2", Descriptor());
+        }
+        open();
     }
+
+    /// Another project becomes current, or none.
+    void leaveTo(const std::string& project)
+    {
+        if (project.empty()) {
+            closePanel(Reply::Yes);
+        } else {
+            openProject(project);
+        }
+        activate(*map);
+    }
+
+    /// Works through everything in the view that reads or writes, its own loads aside.
+    void workThrough()
+    {
+        for (const char* mode : {"Option1_0", "Option1_1", "Option1_2"}) {
+            click(*map, mode);
+            pressCell(*map, 2, 2);
+            saveMap();
+        }
+        chooseTile(3);
+        reset();
+        click(*map, "Command11");
+        moveBar(*map, "HScroll2", 2);
+        click(*map, "Command14");
+        moveBar(*map, "HScroll1", 2);
+        awaitRedraw(*map);
+    }
+};
+
+TEST_F(MapOfAProject, ReadsAndWritesNothingUntilItsProjectIsCurrentAgain)
+{
+    setText(*map, "Text1", "Kept name");
+    for (const char* project : {"theirs", ""}) {
+        SCOPED_TRACE(project);
+        leaveTo(project);
+        const QImage before = control(*map, "CarteImg").grab().toImage();
+        EXPECT_EQ(changes([&] { workThrough(); }), "");
+        EXPECT_EQ(control(*map, "CarteImg").grab().toImage(), before);
+        EXPECT_EQ(text(*map, "Label3"), "Unnamed");
+        EXPECT_FALSE(isVisible(*map, "Frame6"));
+    }
+    answers.stop(invalidMap);
+    load(); // while no project is open there is nothing to load
+    openProject("demo");
+    click(*map, "Option1_1");
+    pressCell(*map, 1, 2);
+    EXPECT_EQ(blocks(), savedBlocks(grid({{1, 2, '1'}})));
+    EXPECT_EQ(ReadIni("Carte01", "nom", Descriptor()), "Kept name");
+}
+
+TEST_F(MapOfAProject, ItsOwnLoadMakesItAViewOfTheCurrentProject)
+{
+    click(*map, "Option1_1");
+    pressGrid(*map, 0, 3600); // the ninth row, which no load replaces
+    leaveTo("theirs");
+    EXPECT_EQ(changes([&] { load(); }), "");
+    EXPECT_EQ(cell(*map, 1, 1), tile("02", 1));
+    pressCell(*map, 1, 1);
+    EXPECT_EQ(app.read("projets/theirs/map01.ev"), savedBlocks(grid({{1, 1, '1'}})));
+}
+
+TEST_F(MapOfAProject, AnOpenEventKeepsItsListAndIsWrittenNowhere)
+{
+    click(*map, "Option1_2");
+    pressCell(*map, 3, 12);
+    click(*map, "Command15");
+    click(*map, "Command13");
+    for (const char* project : {"theirs", ""}) {
+        SCOPED_TRACE(project);
+        leaveTo(project);
+        click(*map, "Command19"); // "Change map": no fatal error, there is just no folder
+        click(*map, "Command13");
+        click(*map, "Command18");
+        EXPECT_EQ(control<QComboBox>(*map, "Combo1").count(), 2);
+        EXPECT_EQ(lines(*map, "List1").size(), 0U);
+        EXPECT_EQ(text(*map, "Label14"), "Unnamed");
+        answers.message("Nothing was saved: the project of this map is not open.");
+        EXPECT_EQ(changes([&] { click(*map, "Command2"); }), "");
+        EXPECT_TRUE(isVisible(*map, "Frame6"));
+        openProject("demo");
+    }
+    click(*map, "Command2");
+    EXPECT_EQ(app.read("projets/demo/ev/map01/ev312"), "\r\nend\r\n");
 }

@@ -21,22 +21,10 @@ constexpr int tileWidth = 28;
 constexpr int tileHeight = 29;
 constexpr int twips = 15; // to the pixel
 
-std::string tilesFolder(const std::string& tileset)
-{
-    return "data/images/terrains/terrain" + tileset;
-}
-
 QString tileFile(const TemporaryAppDir& app, const std::string& tileset, int number)
 {
-    return qtPath(app.at(tilesFolder(tileset) + "/terrain0" + std::to_string(number) + ".JPG"));
-}
-
-QPoint placeOf(const QListView& list, int row)
-{
-    if (row >= list.model()->rowCount()) {
-        throw std::runtime_error("the list has no line " + std::to_string(row));
-    }
-    return list.visualRect(list.model()->index(row, 0)).center();
+    const std::string folder = "data/images/terrains/terrain" + tileset;
+    return qtPath(app.at(folder + "/terrain0" + std::to_string(number) + ".JPG"));
 }
 
 } // namespace
@@ -82,8 +70,7 @@ QWidget& Program::view(const char* name) const
 
 bool Program::isShown(const char* name) const
 {
-    const QWidget* found = findView(name);
-    return found != nullptr && found->isVisible();
+    return findView(name) != nullptr && view(name).isVisible();
 }
 
 void Program::openProject(const std::string& name) const
@@ -177,7 +164,6 @@ std::vector<std::string> lines(const QWidget& within, const char* name)
 {
     const QAbstractItemModel& model = *control<QListView>(within, name).model();
     std::vector<std::string> result;
-    result.reserve(static_cast<std::size_t>(model.rowCount()));
     for (int row = 0; row < model.rowCount(); ++row) {
         result.push_back(model.index(row, 0).data().toString().toStdString());
     }
@@ -187,15 +173,20 @@ std::vector<std::string> lines(const QWidget& within, const char* name)
 void clickLine(const QWidget& within, const char* name, int row)
 {
     auto& list = control<QListView>(within, name);
-    list.scrollTo(list.model()->index(row, 0));
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, row));
+    const QModelIndex line = list.model()->index(row, 0);
+    if (!line.isValid()) {
+        throw std::runtime_error("the list has no line " + std::to_string(row));
+    }
+    list.scrollTo(line);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(line).center());
 }
 
 void doubleClickLine(const QWidget& within, const char* name, int row)
 {
     clickLine(within, name, row);
     auto& list = control<QListView>(within, name);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, placeOf(list, row));
+    const QRect place = list.visualRect(list.model()->index(row, 0));
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, place.center());
 }
 
 void pressCell(const QWidget& editor, int row, int column)

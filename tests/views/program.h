@@ -10,7 +10,6 @@
 #include <initializer_list>
 #include <memory>
 #include <QImage>
-#include <QStringList>
 #include <QWidget>
 #include <stdexcept>
 #include <string>

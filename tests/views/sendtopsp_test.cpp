@@ -1,7 +1,6 @@
 #include "build/sendtopsp.h"
 
 #include "program.h"
-#include "project/charactereditor.h"
 #include "toolkit/directorylist.h"
 
 #include <QComboBox>
@@ -49,10 +48,4 @@ TEST_F(Publishing, TheFolderFollowsTheDrive)
     EXPECT_EQ(folder.path(), u"/proc"_s);
     drives.setCurrentText(ours);
     EXPECT_EQ(folder.path(), QDir::currentPath()); // the program's folder on that drive
-}
-
-TEST_F(Publishing, TheCharacterEditorIsAnEmptyPlace)
-{
-    const charactereditor form(*mainform);
-    EXPECT_EQ(form.windowTitle().toStdString(), "Character Editor");
 }

@@ -47,16 +47,12 @@ TEST(Theme, TextsStandOutFromTheirGrounds)
 
 TEST(Theme, FollowsTheDesktop)
 {
-    struct Environment {
-        explicit Environment(const char* theme) { qputenv("GTK_THEME", theme); }
-        ~Environment() { qunsetenv("GTK_THEME"); }
-    };
-    for (const char* theme : {"Adwaita", "Adwaita:dark", "Yaru-dark"}) {
-        const Environment forced(theme);
+    for (const char* theme : {"Yaru-dark", "Adwaita:dark", "Adwaita"}) {
+        qputenv("GTK_THEME", theme);
         EXPECT_EQ(DesktopScheme(nullptr).current() == Scheme::Dark, std::string(theme) != "Adwaita") << theme;
     }
-    const Environment light("Adwaita");
     DesktopScheme desktop(nullptr);
+    qunsetenv("GTK_THEME");
     std::vector<Scheme> changes;
     QObject::connect(&desktop, &DesktopScheme::changed,
                      [&changes](Scheme scheme) { changes.push_back(scheme); });

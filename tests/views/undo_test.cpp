@@ -1,21 +1,14 @@
 // Ctrl+Z and Ctrl+Y in a map view; what they do to files is tested in the core.
-#include "program.h"
+#include "mapview.h"
 
-#include <functional>
 #include <QDialog>
 #include <QShortcut>
 #include <QTest>
 
-class UndoKeys : public Program
+class UndoKeys : public MapView
 {
 protected:
-    UndoKeys()
-    {
-        addTiles("01", 5);
-        app.makeProject();
-        openProject("demo");
-        map = &view("mapeditor");
-    }
+    UndoKeys() { open(); }
 
     void undo() const { press(Qt::Key_Z); }
     void redo() const { press(Qt::Key_Y); }
@@ -28,144 +21,113 @@ protected:
         there.setFocus();
         QTest::keyClick(&there, key, Qt::ControlModifier);
     }
-    std::string foot() const { return text(*map, "FootLine"); }
-    void reset()
+    void paintFirstCell() const
     {
-        answers.question(" Are you sure you want to return the card to zero?", Reply::Yes);
-        click(*map, "Command10");
+        chooseTile(3);
+        pressCell(*map, 1, 1);
+    }
+    void writeEvent(const std::string& bytes) const { app.write("projets/demo/ev/map01/ev11", bytes); }
+
+    /// Files, labels and the picture.
+    Snapshot everything() const
+    {
+        awaitRedraw(*map);
+        Snapshot found = app.snapshot();
+        found["labels"] = start() + ' ' + text(*map, "Text1");
+        const QImage picture = control(*map, "CarteImg").grab().toImage();
+        found["picture"] = std::to_string(qHash(QByteArrayView(picture.constBits(), picture.sizeInBytes())));
+        return found;
     }
 
-    /// Each of which is a step of its own.
-    std::vector<std::function<void()>> everyKindOfClick()
+    /// What there is before and after each kind of click, each of which is a step of its own.
+    std::vector<Snapshot> clickInEveryWay()
     {
-        return {[this] {
-                    moveBar(*map, "Choixtext", 3);
-                    pressCell(*map, 1, 1);
-                },
-                [this] { pressCell(*map, 9, 2); },
-                [this] {
-                    setText(*map, "Text1", "Cave");
-                    pressGrid(*map, 7150, 100); // saves the name alone
-                },
-                [this] {
-                    click(*map, "Option1_1");
-                    pressCell(*map, 2, 2);
-                },
-                [this] {
-                    answers.message("Click the box to the starting position of the hero on this map");
-                    click(*map, "Command9");
-                    pressCell(*map, 3, 3);
-                },
-                [this] { pressCell(*map, 2, 3); },
-                [this] { reset(); },
-                [this] {
-                    click(*map, "Option1_2");
-                    pressCell(*map, 1, 1);
-                },
-                [this] {
-                    click(*map, "Command15");
-                    click(*map, "Command2");
-                }};
+        std::vector<Snapshot> states = {everything()};
+        const auto note = [&] { states.push_back(everything()); };
+        paintFirstCell();
+        note();
+        setText(*map, "Text1", "Cave");
+        saveMap(); // the name alone
+        note();
+        click(*map, "Option1_1");
+        pressCell(*map, 2, 2);
+        note();
+        askForStart();
+        pressCell(*map, 3, 3);
+        note();
+        pressCell(*map, 2, 3);
+        note();
+        reset();
+        note();
+        click(*map, "Option1_2");
+        pressCell(*map, 1, 1);
+        note();
+        click(*map, "Command15");
+        click(*map, "Command2");
+        note();
+        return states;
     }
-
-    QWidget* map = nullptr;
 };
 
 TEST_F(UndoKeys, TakeBackAndDoAgainOneClickAtATime)
 {
-    app.write("projets/demo/ev/map01/ev11", "\r\nline\r\n");
+    writeEvent("\r\nline\r\n");
     app.remove("projets/demo/ev/map01/ev12");
-    const auto clicks = everyKindOfClick();
-    const auto state = [&] {
-        Snapshot found = app.snapshot();
-        found["labels"] = text(*map, "Label4") + text(*map, "Label5") + text(*map, "Text1");
-        return found;
-    };
-    std::vector<Snapshot> states = {state()};
-    std::vector<QImage> pictures = {control(*map, "CarteImg").grab().toImage()};
-    for (const auto& each : clicks) {
-        each();
-        awaitRedraw(*map);
-        states.push_back(state());
-        pictures.push_back(control(*map, "CarteImg").grab().toImage());
-    }
-    const auto expectState = [&](std::size_t step) {
-        SCOPED_TRACE(step);
-        EXPECT_EQ(Changes(states[step], state()), "");
-        awaitRedraw(*map);
-        if (step > 0) { // before the first click the marks stand as a load draws them
-            EXPECT_EQ(control(*map, "CarteImg").grab().toImage(), pictures[step]);
-        }
-    };
-    for (std::size_t step = clicks.size(); step > 0; --step) {
+    const std::vector<Snapshot> states = clickInEveryWay();
+    const std::size_t last = states.size() - 1;
+    for (std::size_t step = last; step > 0; --step) {
         undo();
-        expectState(step - 1);
+        EXPECT_EQ(Changes(states[step - 1], everything()), "") << step;
     }
     undo();
     EXPECT_EQ(foot(), "There is nothing to be undone.");
-    for (std::size_t step = 1; step <= clicks.size(); ++step) {
+    for (std::size_t step = 1; step <= last; ++step) {
         redo();
-        expectState(step);
+        EXPECT_EQ(Changes(states[step], everything()), "") << step;
     }
     undo();
-    moveBar(*map, "Choixtext", 5);
+    chooseTile(5);
     pressCell(*map, 8, 8); // the map that was brought back is the one that is saved
     undo();
-    expectState(clicks.size() - 1);
+    EXPECT_EQ(Changes(states[last - 1], everything()), "");
 }
 
 TEST_F(UndoKeys, AMapThatWasChangedElsewhereIsLeftAsItIs)
 {
-    moveBar(*map, "Choixtext", 3);
-    pressCell(*map, 1, 1);
+    paintFirstCell();
     EXPECT_EQ(foot(), "");
     app.write("projets/demo/map01.ev", savedBlocks(grid({{4, 4, '1'}})));
-    const Snapshot found = app.snapshot();
-    undo();
-    EXPECT_EQ(foot(), "Not undone: this map was changed elsewhere. Load it again to see it.");
-    EXPECT_EQ(Changes(found, app.snapshot()), "");
+    EXPECT_EQ(changes([&] { undo(); }), "");
+    EXPECT_EQ(foot(),
+              "Not undone: this map's files were changed elsewhere. \"Load map\" shows what they hold.");
     EXPECT_EQ(cell(*map, 1, 1), tile("01", 3));
     app.write("projets/demo/map01.ev", savedBlocks(grid()));
     undo();
     EXPECT_EQ(foot(), "Row 1, column 1: undone.");
-    EXPECT_EQ(cell(*map, 1, 1), tile("01", 1));
 }
 
-TEST_F(UndoKeys, NothingIsTakenBackWhileAnEventIsOpen)
+TEST_F(UndoKeys, NothingIsTakenBackBehindAnEventOrABox)
 {
-    app.write("projets/demo/ev/map01/ev11", "\r\nline\r\n");
-    reset();
+    paintFirstCell();
     click(*map, "Option1_2");
     pressCell(*map, 1, 1);
-    undo();
+    EXPECT_EQ(changes([&] { undo(); }), "");
     EXPECT_EQ(foot(), "Not undone: save or cancel the event first.");
     click(*map, "Command20");
-    undo();
-    undo();
-    EXPECT_EQ(app.read("projets/demo/ev/map01/ev11"), "\r\nline\r\n");
-}
-
-TEST_F(UndoKeys, NothingIsTakenBackBehindABox)
-{
-    moveBar(*map, "Choixtext", 3);
-    pressCell(*map, 1, 1);
-    const std::string painted = app.read("projets/demo/map01.map");
     auto* undoKeys = map->findChild<QShortcut*>();
     ASSERT_EQ(undoKeys->key(), QKeySequence(Qt::CTRL | Qt::Key_Z));
     QDialog box(mainform.get());
     box.setModal(true);
     box.show();
-    Q_EMIT undoKeys->activated(); // the key came before the box had the focus
-    EXPECT_EQ(app.read("projets/demo/map01.map"), painted);
+    EXPECT_EQ(changes([&] { Q_EMIT undoKeys->activated(); }), ""); // it came before the box had the focus
     box.hide();
-    Q_EMIT undoKeys->activated();
-    EXPECT_NE(app.read("projets/demo/map01.map"), painted);
+    EXPECT_NE(changes([&] { Q_EMIT undoKeys->activated(); }), "");
 }
 
 TEST_F(UndoKeys, TheOldestStepsAreNotForgottenSilently)
 {
     for (const char* told : {"", "The oldest steps can no longer be undone.", ""}) {
-        app.write("projets/demo/ev/map01/ev11", std::string(3'000'000, 'x'));
+        writeEvent(std::string(3'000'000, 'x'));
         reset();
         EXPECT_EQ(foot(), told);
     }
@@ -173,22 +135,16 @@ TEST_F(UndoKeys, TheOldestStepsAreNotForgottenSilently)
 
 TEST_F(UndoKeys, TheHistoryBelongsToItsMap)
 {
-    moveBar(*map, "Choixtext", 3);
-    pressCell(*map, 1, 1);
-    const std::string painted = app.read("projets/demo/map01.map");
-    click(*map, "Command4");
-    click(*map, "Command5");
-    const Snapshot second = app.snapshot();
-    undo();
+    saveMap();
+    const std::string before = tiles();
+    paintFirstCell();
+    newMap();
+    EXPECT_EQ(changes([&] { undo(); }), "");
     EXPECT_EQ(foot(), "There is nothing to be undone.");
-    EXPECT_EQ(Changes(second, app.snapshot()), "");
-    click(*map, "Command4");
-    click(*map, "Command6");
     moveBar(*map, "HScroll1", 2);
     moveBar(*map, "HScroll1", 1);
-    click(*map, "Command1");
-    EXPECT_EQ(app.read("projets/demo/map01.map"), painted);
+    load();
     undo();
-    EXPECT_NE(app.read("projets/demo/map01.map"), painted);
+    EXPECT_EQ(tiles(), before);
     EXPECT_EQ(cell(*map, 1, 1), tile("01", 1));
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <iterator>
 
 class Chance
@@ -24,17 +25,17 @@ public:
         return *std::next(std::begin(range), below(static_cast<int>(std::size(range))));
     }
 
-    /// One of the entries of a table, each as often as its member `weight` says.
-    template <class Table> const auto& byWeight(const Table& table)
+    /// One of the entries of a table, each as often as its weight says.
+    template <class Table, class Weight> const auto& byWeight(const Table& table, Weight weightOf)
     {
         int sum = 0;
         for (const auto& entry : table) {
-            sum += entry.weight;
+            sum += std::invoke(weightOf, entry);
         }
         int rest = below(sum);
         auto entry = std::begin(table);
-        while (rest >= entry->weight) {
-            rest -= entry++->weight;
+        while (rest >= std::invoke(weightOf, *entry)) {
+            rest -= std::invoke(weightOf, *entry++);
         }
         return *entry;
     }

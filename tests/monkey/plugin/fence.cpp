@@ -1,36 +1,28 @@
 #include "fence.h"
 
+#include "../../torture/diskcalls.h"
 #include "sights.h"
-#include "witness.h"
 
-#include <algorithm>
 #include <dlfcn.h>
 #include <QApplication>
 #include <QThread>
-#include <stdexcept>
 
 using Path = Fence::Path;
+using namespace Qt::StringLiterals;
 
 namespace
 {
 
 Fence* watching = nullptr;
 
-/// Failure: false, when nobody tells of writes.
-bool listen(WriteListener listener)
+void listen(WriteListener listener)
 {
-    using Register = void (*)(WriteListener);
-    const auto enter = reinterpret_cast<Register>(::dlsym(RTLD_DEFAULT, "listenToWrites"));
-    if (enter != nullptr) {
-        enter(listener);
-    }
-    return enter != nullptr;
+    reinterpret_cast<decltype(&listenToWrites)>(::dlsym(RTLD_DEFAULT, "listenToWrites"))(listener);
 }
 
-bool isIn(const Path& path, const Path& folder)
+bool isBesideProgram(const std::string& name)
 {
-    const auto [rest, unused] = std::mismatch(folder.begin(), folder.end(), path.begin(), path.end());
-    return !folder.empty() && rest == folder.end();
+    return name == "projets" || name == "index.lua" || name.starts_with(".questforge-");
 }
 
 } // namespace
@@ -40,49 +32,34 @@ Fence::Fence(Path appDir, std::function<void(const std::string&)> report)
     , report_(std::move(report))
 {
     watching = this;
-    if (!listen(&Fence::judge)) {
-        throw std::runtime_error("the witness was not loaded ahead");
-    }
+    listen(&Fence::judge);
 }
 
 Fence::~Fence()
 {
     listen(nullptr);
-    watching = nullptr;
-}
-
-void Fence::note()
-{
-    const Path name = projectToMake();
-    const Path folder = appDir_ / "projets" / name;
-    std::error_code ignored;
-    const bool canBeMade = !name.empty() && !std::filesystem::exists(folder, ignored);
-    beingMade_ = canBeMade ? folder : Path(); // one that is there is never made over
 }
 
 void Fence::judge(const char* path)
 {
-    if (!watching->open_ && !watching->allows(Path(path).lexically_normal())) {
+    if (!watching->open_ && !watching->allows(std::filesystem::absolute(path).lexically_normal())) {
         watching->report_(path);
     }
 }
 
-bool Fence::isBootScript(const Path& path) const
+bool Fence::allows(const Path& path)
 {
-    const std::string name = path.filename().string();
-    const bool fits = name == "index.lua" || (name.starts_with(".questforge-") && name.ends_with(".tmp"));
-    return fits && path.parent_path() == appDir_;
-}
-
-bool Fence::allows(const Path& path) const
-{
-    const Path projects = appDir_ / "projets";
-    if (isIn(path, "/dev") || isBootScript(path) || path == projects) {
+    const Path place = path.lexically_relative(appDir_);
+    if (path == "/dev/null" || (!place.has_parent_path() && isBesideProgram(place))) {
         return true;
     }
-    if (QThread::currentThread() != qApp->thread()) {
+    if (*place.begin() != "projets" || QThread::currentThread() != qApp->thread()) {
         return false; // the views' own thread alone writes for them
     }
-    const Path open = openProject();
-    return isIn(path, beingMade_) || (!open.empty() && isIn(path, projects / open));
+    const Path project = *std::next(place.begin());
+    const bool makesOne = findView(u"nouvprojet"_s) != nullptr;
+    if (makesOne && place.parent_path() == "projets") {
+        made_ = project; // what is there already is made by nobody
+    }
+    return project == openProject() || (makesOne && project == made_);
 }

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QTest>
-#include <QWheelEvent>
 #include <QWidget>
 
 namespace
@@ -18,22 +17,6 @@ QWindow* keyWindow()
         return popup->windowHandle();
     }
     return QGuiApplication::focusWindow();
-}
-
-QWindow* windowOf(QWidget* control, QPoint point, QPoint& inWindow)
-{
-    QWidget* window = control->window();
-    inWindow = control->mapTo(window, point);
-    return window->isVisible() && window->rect().contains(inWindow) ? window->windowHandle() : nullptr;
-}
-
-void strike(int key, Qt::KeyboardModifiers modifiers, const QString& text)
-{
-    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        if (QWindow* window = keyWindow()) { // looked for again: the press may have closed it
-            qt_handleKeyEvent(window, type, key, modifiers, text);
-        }
-    }
 }
 
 } // namespace
@@ -55,46 +38,36 @@ void Hands::later(std::function<void()> movement)
 
 void Hands::click(QWidget* control, QPoint point, Qt::MouseButton button, int times)
 {
-    QPoint at;
-    const Window window = windowOf(control, point, at);
-    for (int time = 0; window && time < times; ++time) {
-        later([=, this] { push(window, at, button, time > 0); });
-        later([=, this] { release(window, at, button); });
+    for (int time = 0; time < times; ++time) {
+        drag(control, point, point, button, time > 0);
     }
 }
 
-void Hands::drag(QWidget* control, QPoint from, QPoint to, Qt::MouseButton button)
+void Hands::drag(QWidget* control, QPoint from, QPoint to, Qt::MouseButton button, bool quickly)
 {
-    constexpr int stations = 4;
-    QPoint at;
-    const Window window = windowOf(control, from, at);
-    if (!window) {
+    const QWidget* whole = control->window();
+    const QPoint at = control->mapTo(whole, from);
+    const QPointer<QWindow> window = whole->windowHandle(); // what was pressed may be gone
+    if (!whole->isVisible() || !whole->rect().contains(at)) {
         return;
     }
-    later([=, this] { push(window, at, button, false); });
+    later([=, this] { push(window, at, button, quickly); });
+    const int stations = from == to ? 0 : 4;
     for (int station = 1; station <= stations; ++station) {
-        later([=, this] { point(window, at + (to - from) * station / stations); });
+        later([=, this] { send(window, at + (to - from) * station / stations, QEvent::MouseMove); });
     }
     later([=, this] { release(window, at + to - from, button); });
 }
 
-void Hands::turnWheel(QWidget* control, QPoint point, int steps)
-{
-    QPoint at;
-    if (const Window window = windowOf(control, point, at)) {
-        later([=] {
-            QWheelEvent event(at, window ? window->mapToGlobal(at) : at, {}, {0, 120 * steps}, {}, {},
-                              Qt::NoScrollPhase, false);
-            if (window && QApplication::activeModalWidget() == nullptr) {
-                QCoreApplication::sendEvent(window, &event);
-            }
-        });
-    }
-}
-
 void Hands::press(int key, Qt::KeyboardModifiers modifiers, const QString& text)
 {
-    later([=] { strike(key, modifiers, text); });
+    later([=] {
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            if (QWindow* window = keyWindow()) { // looked for again: the press may have closed it
+                qt_handleKeyEvent(window, type, key, modifiers, text);
+            }
+        }
+    });
 }
 
 void Hands::type(const QString& text)
@@ -104,30 +77,24 @@ void Hands::type(const QString& text)
     }
 }
 
-void Hands::point(const Window& window, QPoint at)
+void Hands::send(QWindow* window, QPoint at, QEvent::Type type, Qt::MouseButton button)
 {
-    if (window) {
-        qt_handleMouseEvent(window, at, window->mapToGlobal(at), down_, Qt::NoButton, QEvent::MouseMove,
-                            Qt::NoModifier, ++time_);
+    if (window != nullptr) {
+        qt_handleMouseEvent(window, at, window->mapToGlobal(at), down_, button, type, Qt::NoModifier,
+                            ++time_);
     }
 }
 
-void Hands::push(const Window& window, QPoint at, Qt::MouseButton button, bool quickly)
+void Hands::push(QWindow* window, QPoint at, Qt::MouseButton button, bool quickly)
 {
     time_ += quickly ? shortPause : longPause;
-    point(window, at);
-    if (window) {
-        down_ |= button;
-        qt_handleMouseEvent(window, at, window->mapToGlobal(at), down_, button, QEvent::MouseButtonPress,
-                            Qt::NoModifier, ++time_);
-    }
+    send(window, at, QEvent::MouseMove);
+    down_ |= button;
+    send(window, at, QEvent::MouseButtonPress, button);
 }
 
-void Hands::release(const Window& window, QPoint at, Qt::MouseButton button)
+void Hands::release(QWindow* window, QPoint at, Qt::MouseButton button)
 {
     down_.setFlag(button, false);
-    if (QWindow* target = window ? window.data() : keyWindow()) { // what was pressed may be gone
-        qt_handleMouseEvent(target, at, target->mapToGlobal(at), down_, button, QEvent::MouseButtonRelease,
-                            Qt::NoModifier, ++time_);
-    }
+    send(window != nullptr ? window : keyWindow(), at, QEvent::MouseButtonRelease, button);
 }

@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <functional>
+#include <QEvent>
 #include <QPointer>
 #include <QString>
 #include <QWindow>
@@ -23,17 +24,15 @@ public:
     void later(std::function<void()> movement);
     /// Points are the control's own, in pixels; a point outside of its window is no movement.
     void click(QWidget* control, QPoint point, Qt::MouseButton button = Qt::LeftButton, int times = 1);
-    void drag(QWidget* control, QPoint from, QPoint to, Qt::MouseButton button);
-    void turnWheel(QWidget* control, QPoint point, int steps);
+    /// quickly: as the second press of a double click.
+    void drag(QWidget* control, QPoint from, QPoint to, Qt::MouseButton button, bool quickly = false);
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString& text = {});
     void type(const QString& text);
 
 private:
-    using Window = QPointer<QWindow>;
-
-    void point(const Window& window, QPoint at);
-    void push(const Window& window, QPoint at, Qt::MouseButton button, bool quickly);
-    void release(const Window& window, QPoint at, Qt::MouseButton button);
+    void send(QWindow* window, QPoint at, QEvent::Type type, Qt::MouseButton button = Qt::NoButton);
+    void push(QWindow* window, QPoint at, Qt::MouseButton button, bool quickly);
+    void release(QWindow* window, QPoint at, Qt::MouseButton button);
 
     std::deque<std::function<void()>> movements_;
     std::size_t place_ = 0; ///< where the next one goes

@@ -1,11 +1,16 @@
-#include "monkey.h"
-
+// A random user who lives inside the program and uses it step after step.
 #include "acts.h"
+#include "fence.h"
+#include "hands.h"
 #include "sights.h"
-#include "store/codepage.h"
+#include "vandal.h"
 
+#include <chrono>
+#include <cstdint>
+#include <fstream>
 #include <malloc.h>
 #include <QApplication>
+#include <QGenericPlugin>
 #include <QMessageBox>
 #include <QPixmapCache>
 #include <unistd.h>
@@ -17,6 +22,7 @@ namespace
 {
 
 constexpr auto longestSilence = 250ms;
+constexpr unsigned longestStep = 60; // seconds
 constexpr QSize openingSize(1280, 720);
 
 /// How long this thread was ready but had to wait for a processor: no fault of the program's.
@@ -40,49 +46,89 @@ long heldMemory()
     return held * (::sysconf(_SC_PAGESIZE) / 1024);
 }
 
-QString shown(const std::string& ansi)
+/// What the person is told to do.
+struct Orders {
+    std::uint64_t seed = 0;
+    int first = 0;   ///< number of the first step
+    int last = 0;    ///< number of the last step
+    int rounds = 0;  ///< above 0: all steps so many times, without damage, all views closed after each time
+    std::string log; ///< file, appended to
+    Places places;
+};
+
+/// Writes one line per step. A line that begins with "!" is a finding: a write where none belongs, or a hang,
+/// which is a time between two looks at the event loop, or an end of the program that nobody asked for.
+class Monkey : public QObject
 {
-    return QString::fromStdString(Utf8FromAnsi(ansi));
-}
+public:
+    explicit Monkey(Orders orders);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    void tick();
+    void live();
+    void step();
+    void endRound();
+    void end();
+    void measureLateness();
+    void noteReasonToEnd();
+    void log(const QString& line);
+    void find(const QString& what);
+
+    Orders orders_;
+    std::ofstream log_;
+    Hands hands_;
+    Fence fence_;
+    int step_ = 0;
+    int round_ = 1;
+    int quietLooks_ = 0; ///< since all views were closed
+    bool isDone_ = false;
+    bool mayEnd_ = false; ///< what was seen last is a reason to
+    Clock::time_point lastLook_;
+    std::chrono::nanoseconds lastDelay_{};
+};
 
 } // namespace
 
 Monkey::Monkey(Orders orders)
     : orders_(std::move(orders))
     , log_(orders_.log, std::ios::app)
-    , vandal_(orders_.appDir, orders_.whole)
-    , fence_(orders_.appDir,
+    , fence_(orders_.places.appDir,
              [this](const std::string& path) { find(u"wrote "_s + QString::fromStdString(path)); })
     , step_(orders_.first - 1)
 {
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &Monkey::sayWhy);
-    QMetaObject::invokeMethod(this, "tick", Qt::QueuedConnection);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] {
+        noteReasonToEnd();
+        mayEnd_ ? log(u"end"_s) : find(u"ended without a reason"_s);
+    });
+    log(u"start"_s);
+    tick();
 }
 
 /// The next look is ordered ahead of the step, so that it also comes inside a modal box that the step opens.
 void Monkey::tick()
 {
-    QMetaObject::invokeMethod(this, "tick", Qt::QueuedConnection);
-    if (mainWindow() != nullptr && mainWindow()->isVisible() && ending_.isEmpty()) {
+    QMetaObject::invokeMethod(
+        this, [this] { tick(); }, Qt::QueuedConnection);
+    if (mainWindow() != nullptr && mainWindow()->isVisible() && !isDone_) {
         measureLateness();
-        lookAtBoxes();
-        fence_.note();
+        noteReasonToEnd();
         live();
     }
 }
 
 void Monkey::live()
 {
-    if (tidying_) {
+    const bool isOver = step_ == orders_.last;
+    if (isOver && orders_.rounds > 0) {
         endRound();
     } else if (hands_.areBusy()) {
         hands_.goOn();
-    } else if (step_ < orders_.last) {
-        step();
-    } else if (orders_.rounds > 0) {
-        tidying_ = true;
-    } else {
+    } else if (isOver) {
         end();
+    } else {
+        step();
     }
 }
 
@@ -92,7 +138,7 @@ void Monkey::step()
     const bool rough = orders_.rounds == 0;
     if (rough && chance.percent(3)) {
         fence_.setOpen(true);
-        log(u"vandal "_s + shown(vandal_.strike(chance, openProject())));
+        log(u"vandal "_s + QString::fromLatin1(spoilSomething(chance, orders_.places, openProject())));
         fence_.setOpen(false);
         lastLook_ = Clock::now(); // that was not the program's time
     } else if (rough && chance.below(2000) == 0 && QApplication::activeModalWidget() == nullptr) {
@@ -112,11 +158,10 @@ void Monkey::endRound()
     } else if (++quietLooks_ == looksToSettle) {
         log(u"round %1 ends with %2 KB"_s.arg(round_).arg(heldMemory()));
         fence_.setOpen(true);
-        vandal_.startOver();
+        startOver(orders_.places);
         fence_.setOpen(false);
         mainWindow()->resize(openingSize);
         quietLooks_ = 0;
-        tidying_ = false;
         step_ = orders_.first - 1;
         if (++round_ > orders_.rounds) {
             end();
@@ -126,7 +171,7 @@ void Monkey::endRound()
 
 void Monkey::end()
 {
-    ending_ = u"done"_s;
+    isDone_ = true;
     QCoreApplication::exit(0);
 }
 
@@ -143,25 +188,13 @@ void Monkey::measureLateness()
     }
 }
 
-void Monkey::lookAtBoxes()
+/// All is done, the main window was closed, or a project without maps was opened, as the last box said.
+void Monkey::noteReasonToEnd()
 {
-    if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-        lastBox_ = box->text();
-    }
-}
-
-void Monkey::sayWhy()
-{
-    const QWidget* window = mainWindow();
-    if (ending_.isEmpty() && (window == nullptr || !window->isVisible())) {
-        ending_ = u"the main window was closed"_s;
-    } else if (ending_.isEmpty() && lastBox_.endsWith(u"Le programme va s'arrêter"_s)) {
-        ending_ = u"a project without maps"_s;
-    }
-    if (ending_.isEmpty()) {
-        find(u"ended without a reason"_s);
-    } else {
-        log(u"end: "_s + ending_);
+    if (isDone_ || mainWindow() == nullptr || !mainWindow()->isVisible()) {
+        mayEnd_ = true;
+    } else if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        mayEnd_ = box->text().endsWith(u"Le programme va s'arrêter"_s);
     }
 }
 
@@ -171,9 +204,30 @@ void Monkey::find(const QString& what)
     log(what);
 }
 
-/// Out at once: the next step may be the program's last.
+/// Out at once: the next step may be the program's last. If there is no next one a signal ends it.
 void Monkey::log(const QString& line)
 {
+    ::alarm(longestStep);
     QString plain = line;
     log_ << step_ << ' ' << plain.replace(u'\n', u' ').replace(u'\r', u' ').toStdString() << std::endl;
 }
+
+/// The way into the program: the toolkit makes a generic plugin that the environment names.
+class MonkeyPlugin : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "monkey.json")
+
+public:
+    /// orders: SEED;FIRST;LAST;ROUNDS;LOG;DATA
+    QObject* create(const QString&, const QString& orders) override
+    {
+        const QStringList pieces = orders.split(u';');
+        const Places places = {QCoreApplication::applicationDirPath().toStdString(),
+                               pieces.at(5).toStdString()};
+        return new Monkey({pieces.at(0).toULongLong(), pieces.at(1).toInt(), pieces.at(2).toInt(),
+                           pieces.at(3).toInt(), pieces.at(4).toStdString(), places});
+    }
+};
+
+#include "monkey.moc"

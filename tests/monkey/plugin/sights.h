@@ -1,29 +1,34 @@
-/// What the random user sees: the windows and controls that are there to be used.
+/// What the random user sees and turns to: the windows and controls that are there to be used; the more there
+/// is to do, the more often.
 #pragma once
+
+#include "chance.h"
 
 #include <filesystem>
 #include <QList>
+#include <QPoint>
 #include <QString>
 
-class QMdiSubWindow;
+class QRect;
 class QWidget;
 
 /// The program's main window; null before it is made and once it is gone.
 QWidget* mainWindow();
 
-/// The windows of the views that are shown, the lowest first.
-QList<QMdiSubWindow*> viewWindows();
+/// The views that are shown, the lowest first; the parent of each is its window.
+QList<QWidget*> shownViews();
 
 /// The topmost shown view of a name; null when there is none.
 QWidget* findView(const QString& name);
 
-/// The folder names of the project that is open, as the control panel tells it, and of the one that the
-/// new-project view would make. Empty without such a view, and for a name that is no folder's.
+/// The name of the project that is open, as the control panel tells it; empty without that view.
 std::filesystem::path openProject();
-std::filesystem::path projectToMake();
 
-/// The controls below a widget that can be seen and do something.
-QList<QWidget*> controlsOf(const QWidget& parent);
+/// A control of what the person looks at, mostly brought into sight: a menu or a box when there is one, else
+/// a view, mostly brought to the front. That itself when it has none.
+QWidget* someControl(Chance& chance);
 
-/// How the log names a control: its own name and those that it lies in.
-QString pathOf(const QWidget& control);
+QPoint pointIn(Chance& chance, const QRect& place);
+
+/// A place on a control that does something: mostly a line in a list.
+QPoint goodPointOn(Chance& chance, QWidget* control);

@@ -1,16 +1,16 @@
 #include "vandal.h"
 
-#include "store/codepage.h"
-#include "store/ini.h"
-
 #include <algorithm>
 #include <array>
 #include <fstream>
+#include <QString>
+#include <QStringList>
 #include <sstream>
+#include <vector>
 
 namespace fs = std::filesystem;
-using namespace std::string_literals;
-using Path = Vandal::Path;
+using namespace Qt::StringLiterals;
+using Path = fs::path;
 
 namespace
 {
@@ -27,26 +27,15 @@ const std::array keys = {Key{"Jeu", "cartes"},       Key{"Jeu", "combats"},     
                          Key{"Variables", "nombre"}, Key{"Carte01", "texture"}, Key{"Carte01", "nom"},
                          Key{"Variable1", "valeur"}, Key{"Combat1", "nom"}};
 
-const std::array values = {""s,
-                           "0"s,
-                           "1"s,
-                           "2"s,
-                           "-1"s,
-                           "007"s,
-                           "12"s,
-                           "300"s,
-                           "32768"s,
-                           "x"s,
-                           "1,5"s,
-                           "02"s,
-                           "04"s,
-                           "../02"s,
-                           "../../outside"s,
-                           "Untitled"s,
-                           ".."s,
-                           "9999999999"s,
-                           "\"\xE9\"t\xE9\""s,
-                           std::string(300, '\xE9')};
+const QStringList values =
+    u" 0 1 2 -1 007 12 300 32768 x 1,5 02 04 ../02 ../../outside Untitled .. 9999999999 "
+    "\"é\"té\""_s.split(u' ')
+    << QString(300, u'é');
+
+std::string ansi(const QString& text)
+{
+    return text.toLatin1().toStdString();
+}
 
 std::string contentOf(const Path& file)
 {
@@ -60,20 +49,15 @@ void write(const Path& file, const std::string& content)
     std::ofstream(file, std::ios::binary) << content;
 }
 
+/// Of keys with one name the first counts.
 void setValue(const Path& file, const Key& key, const std::string& value)
 {
-    if (const auto text = WithIniValue(contentOf(file), key.section, key.name, value)) {
-        write(file, *text);
-    }
-}
-
-std::string junk(Chance& chance, int length)
-{
-    std::string bytes;
-    for (int i = 0; i < length; ++i) {
-        bytes += static_cast<char>(chance.below(256));
-    }
-    return bytes;
+    std::string text = contentOf(file);
+    const std::string head = "[" + key.section + "]\r\n";
+    const std::size_t found = text.find(head);
+    const std::size_t place = found == std::string::npos ? text.size() : found + head.size();
+    text.insert(place, (found == std::string::npos ? head : "") + key.name + "=" + value + "\r\n");
+    write(file, text);
 }
 
 /// The files and folders below a folder, in an order that does not change from run to run.
@@ -93,114 +77,75 @@ std::vector<Path> below(const Path& folder, bool folders)
 std::string setKey(Chance& chance, const Path& place)
 {
     const Key& key = chance.of(keys);
-    const std::string& value = chance.of(values);
+    const std::string value = ansi(chance.of(values));
     setValue(place / "projet.ini", key, value);
     return key.name + "=" + value.substr(0, fewBytes);
 }
 
-// What is done to one file; its content may be cut anywhere.
-
-std::string truncate(Chance& chance, const Path& file)
+/// Cuts the content anywhere, puts some bytes there, many at times, and may leave out the rest.
+void spoil(Chance& chance, const Path& file)
 {
     const std::string content = contentOf(file);
-    write(file,
-          content.substr(0, static_cast<std::size_t>(chance.below(static_cast<int>(content.size()) + 1))));
-    return "truncated";
+    const auto cut = static_cast<std::size_t>(chance.below(static_cast<int>(content.size()) + 1));
+    std::string bytes(static_cast<std::size_t>(chance.percent(15) ? 100000 : chance.below(fewBytes)), 'x');
+    if (chance.percent(50)) {
+        std::ranges::generate(bytes, [&] { return static_cast<char>(chance.below(256)); });
+    }
+    write(file, content.substr(0, cut) + bytes + (chance.percent(50) ? content.substr(cut) : ""));
 }
 
-std::string spoil(Chance& chance, const Path& file)
+/// Spoils one of some files, removes it, makes it read-only or puts a folder in its place.
+std::string damageOneOf(Chance& chance, const std::vector<Path>& files)
 {
-    std::string content = contentOf(file);
-    const std::string bytes = junk(chance, chance.between(1, fewBytes));
-    content.insert(static_cast<std::size_t>(chance.below(static_cast<int>(content.size()) + 1)), bytes);
-    write(file, content);
-    return "junk in it";
-}
-
-std::string blowUp(Chance& chance, const Path& file)
-{
-    constexpr int many = 100000;
-    write(file, chance.percent(50) ? std::string(many, 'x') : junk(chance, many));
-    return "blown up";
-}
-
-std::string remove(Chance&, const Path& file)
-{
-    fs::remove_all(file, ignored);
-    return "removed";
-}
-
-std::string lock(Chance&, const Path& file)
-{
-    fs::permissions(file, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
-                    fs::perm_options::remove, ignored);
-    return "locked";
-}
-
-std::string beFolder(Chance&, const Path& file)
-{
-    fs::remove(file, ignored);
-    fs::create_directory(file, ignored);
-    return "made a folder";
-}
-
-struct Damage {
-    int weight;
-    std::string (*make)(Chance&, const Path&);
-};
-
-const std::array damages = {Damage{3, truncate}, Damage{3, spoil}, Damage{1, blowUp},
-                            Damage{3, remove},   Damage{1, lock},  Damage{1, beFolder}};
-
-std::string damageOneOf(Chance& chance, const std::vector<Path>& places)
-{
-    if (places.empty()) {
+    if (files.empty()) {
         return "nothing there";
     }
-    const Path& place = chance.of(places);
-    return chance.byWeight(damages).make(chance, place) + " " + place.filename().string();
+    const Path& file = chance.of(files);
+    const int kind = chance.below(12);
+    if (kind < 7) {
+        spoil(chance, file);
+    } else if (kind < 8) {
+        fs::permissions(file, fs::perms(0222), fs::perm_options::remove, ignored);
+    } else {
+        fs::remove_all(file, ignored);
+    }
+    if (kind == 11) {
+        fs::create_directory(file, ignored);
+    }
+    return "damaged " + file.filename().string();
 }
 
-std::string damageDescriptor(Chance& chance, const Path& project)
-{
-    return chance.byWeight(damages).make(chance, project / "projet.ini") + " projet.ini";
-}
-
-/// The files that the program reads: pictures are the game's.
+/// Of the files that the program reads: pictures are the game's.
 std::string damageFile(Chance& chance, const Path& project)
 {
     std::vector<Path> files = below(project, false);
     std::erase_if(files, [](const Path& file) { return file.extension() == ".png"; });
-    return damageOneOf(chance, files);
+    return damageOneOf(chance, chance.percent(40) ? std::vector{project / "projet.ini"} : files);
 }
 
 std::string removeFolder(Chance& chance, const Path& project)
 {
     std::vector<Path> folders = below(project, true);
     folders.push_back(project);
-    return remove(chance, chance.of(folders));
+    fs::remove_all(chance.of(folders), ignored);
+    return "removed a folder";
 }
 
 /// A descriptor and maps as they should be, whatever there was.
 std::string mend(Chance& chance, const Path& project)
 {
-    constexpr int most = 3;
-    const Path file = project / "projet.ini";
     const Path data = project.parent_path().parent_path() / "data";
-    fs::remove_all(file, ignored);
-    fs::create_directory(project, ignored);
-    setValue(file, {"Jeu", "nom"}, AnsiFromUtf8(project.filename().string()));
-    for (const Key& key : {Key{"Jeu", "cartes"}, Key{"Jeu", "combats"}, Key{"Variables", "nombre"}}) {
-        setValue(file, key, std::to_string(chance.between(1, most)));
+    fs::remove_all(project / "projet.ini", ignored);
+    std::string text = "[Jeu]\r\nnom=" + ansi(QString::fromStdString(project.filename())) +
+                       "\r\ncartes=3\r\ncombats=2\r\n[Variables]\r\nnombre=3\r\n";
+    for (const std::string map : {"01", "02", "03"}) {
+        text += "[Carte" + map + "]\r\ntexture=0" + std::to_string(chance.between(1, 4)) + "\r\n";
+        fs::create_directories(project / ("ev/map" + map), ignored);
+        fs::create_directories(project / ("images/map" + map), ignored);
+        write(project / ("map" + map + ".map"), contentOf(data / "ftgmma.dat"));
+        write(project / ("map" + map + ".ev"), contentOf(data / "ftgmev.dat"));
     }
-    for (int map = 1; map <= most; ++map) {
-        const std::string number = "0" + std::to_string(map);
-        setValue(file, {"Carte" + number, "texture"}, "0" + std::to_string(chance.between(1, 4)));
-        fs::create_directories(project / ("ev/map" + number), ignored);
-        fs::create_directories(project / ("images/map" + number), ignored);
-        write(project / ("map" + number + ".map"), contentOf(data / "ftgmma.dat"));
-        write(project / ("map" + number + ".ev"), contentOf(data / "ftgmev.dat"));
-    }
+    write(project / "projet.ini", text);
     return "mended";
 }
 
@@ -209,68 +154,62 @@ struct Deed {
     std::string (*make)(Chance&, const Path& project);
 };
 
-const std::array deeds = {Deed{8, setKey}, Deed{3, damageDescriptor}, Deed{5, damageFile},
-                          Deed{1, removeFolder}, Deed{12, mend}};
+const std::array deeds = {Deed{8, setKey}, Deed{8, damageFile}, Deed{1, removeFolder}, Deed{12, mend}};
 
-} // namespace
-
-std::string Vandal::strike(Chance& chance, const Path& open) const
+std::vector<Path> projectsIn(const Places& places)
 {
-    if (chance.percent(15)) {
-        bringBack();
-        return "all shipped files are back";
+    std::vector<Path> found;
+    for (const auto& entry : fs::directory_iterator(places.appDir / "projets", ignored)) {
+        found.push_back(entry.path());
     }
-    if (chance.percent(15)) {
-        return damageShipped(chance);
-    }
-    const std::vector<Path> all = projects();
-    const Path current = appDir_ / "projets" / open;
-    const bool thisOne = !open.empty() && chance.percent(70);
-    if (!thisOne && all.empty()) {
-        return "nothing to spoil";
-    }
-    const Path& project = thisOne ? current : chance.of(all);
-    return project.filename().string() + ": " + chance.byWeight(deeds).make(chance, project);
+    std::sort(found.begin(), found.end());
+    return found;
 }
 
-void Vandal::bringBack() const
+void bringBack(const Places& places)
 {
-    for (const char* part : {"data", "luaplayer.exe"}) {
-        fs::remove_all(appDir_ / part, ignored);
-        fs::copy(whole_ / part, appDir_ / part, fs::copy_options::recursive, ignored);
-    }
+    fs::remove_all(places.appDir / "data", ignored);
+    fs::copy(places.data, places.appDir / "data", fs::copy_options::recursive, ignored);
+    fs::create_symlink("/bin/true", places.appDir / "luaplayer.exe", ignored);
 }
 
-void Vandal::startOver() const
+std::string damageShipped(Chance& chance, const Places& places)
 {
-    bringBack();
-    for (const Path& project : projects()) {
-        fs::remove_all(project, ignored);
-    }
-}
-
-std::string Vandal::damageShipped(Chance& chance) const
-{
-    const Path data = appDir_ / "data";
+    const Path data = places.appDir / "data";
     if (chance.percent(20)) {
-        return remove(chance, appDir_ / "luaplayer.exe") + " luaplayer.exe";
+        fs::remove(places.appDir / "luaplayer.exe", ignored);
+        return "removed luaplayer.exe";
     }
     if (chance.percent(40)) {
-        const Path tileset =
-            data / "images" / "terrains" / ("terrain0" + std::to_string(chance.between(1, 5)));
-        const std::string& count = chance.of(values);
+        const Path tileset = data / "images/terrains" / ("terrain0" + std::to_string(chance.between(1, 5)));
+        const std::string count = ansi(chance.of(values));
         setValue(tileset / "texture.ini", {"texture", "nbimg"}, count);
         return "nbimg=" + count.substr(0, fewBytes);
     }
     return damageOneOf(chance, below(data, chance.percent(5)));
 }
 
-std::vector<Path> Vandal::projects() const
+} // namespace
+
+std::string spoilSomething(Chance& chance, const Places& places, const Path& open)
 {
-    std::vector<Path> found;
-    for (const auto& entry : fs::directory_iterator(appDir_ / "projets", ignored)) {
-        found.push_back(entry.path());
+    if (chance.percent(15)) {
+        bringBack(places);
+        return "all shipped files are back";
     }
-    std::sort(found.begin(), found.end());
-    return found;
+    const std::vector<Path> projects = projectsIn(places);
+    if (projects.empty() || chance.percent(15)) {
+        return damageShipped(chance, places);
+    }
+    const auto current = std::find(projects.begin(), projects.end(), places.appDir / "projets" / open);
+    const Path& project = current != projects.end() && chance.percent(70) ? *current : chance.of(projects);
+    return project.filename().string() + ": " + chance.byWeight(deeds, &Deed::weight).make(chance, project);
+}
+
+void startOver(const Places& places)
+{
+    bringBack(places);
+    for (const Path& project : projectsIn(places)) {
+        fs::remove_all(project, ignored);
+    }
 }

@@ -35,46 +35,25 @@ bool bears(const QWidget& control, const QString& piece)
     return control.objectName() == piece || QLatin1StringView(control.metaObject()->className()) == piece;
 }
 
-/// All controls below one that bear a name, the lowest window's first: a raised window is its parent's last
-/// child.
-QList<QWidget*> below(const QWidget& parent, const QString& piece)
-{
-    QList<QWidget*> found;
-    for (QObject* child : parent.children()) {
-        if (auto* control = qobject_cast<QWidget*>(child)) {
-            if (bears(*control, piece)) {
-                found += control;
-            }
-            found += below(*control, piece);
-        }
-    }
-    return found;
-}
-
-QList<QWidget*> outermost(const QString& piece)
-{
-    QList<QWidget*> found;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->parentWidget() == nullptr) {
-            if (bears(*window, piece)) {
-                found += window;
-            }
-            found += below(*window, piece);
-        }
-    }
-    return found;
-}
-
+/// Of several controls the last that can be seen: a raised window is its parent's last child.
 QWidget* find(const QString& path)
 {
-    const QStringList pieces = path.split(u'/');
-    QList<QWidget*> found = outermost(pieces.first());
-    for (const QString& piece : pieces.mid(1)) {
-        QList<QWidget*> inner;
-        for (const QWidget* control : found) {
-            inner += below(*control, piece);
+    QList<QWidget*> candidates;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->parentWidget() == nullptr) {
+            candidates += window;
+            candidates += window->findChildren<QWidget*>();
         }
-        found = inner;
+    }
+    QList<QWidget*> found;
+    for (const QString& piece : path.split(u'/')) {
+        found.clear();
+        std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(found),
+                     [&piece](const QWidget* control) { return bears(*control, piece); });
+        candidates.clear();
+        for (const QWidget* control : found) {
+            candidates += control->findChildren<QWidget*>();
+        }
     }
     const auto shown = std::find_if(found.rbegin(), found.rend(), [](QWidget* w) { return w->isVisible(); });
     return shown != found.rend() ? *shown : found.isEmpty() ? nullptr : found.last();
@@ -129,17 +108,13 @@ QJsonArray closeButtonOf(const QMdiSubWindow& window)
 
 QJsonObject describe(const QWidget& control)
 {
-    QJsonObject answer{{u"place"_s, place(control, control.rect())},
-                       {u"visible"_s, control.isVisible()},
-                       {u"enabled"_s, control.isEnabled()},
-                       {u"reachable"_s, isReachable(control)},
-                       {u"caption"_s, captionOf(control)},
-                       {u"window"_s, windowNumber(control)},
-                       {u"focused"_s, control.hasFocus()}};
-    for (const char* property : {"checked", "value", "maximum"}) {
-        if (const QVariant value = control.property(property); value.isValid()) {
-            answer[QLatin1StringView(property)] = value.toJsonValue();
-        }
+    QJsonObject answer{
+        {u"place"_s, place(control, control.rect())}, {u"frame"_s, place(control, control.rect())},
+        {u"visible"_s, control.isVisible()},          {u"enabled"_s, control.isEnabled()},
+        {u"reachable"_s, isReachable(control)},       {u"caption"_s, captionOf(control)},
+        {u"window"_s, windowNumber(control)},         {u"focused"_s, control.hasFocus()}};
+    for (const char* property : {"checked", "value"}) {
+        answer[QLatin1StringView(property)] = control.property(property).toJsonValue();
     }
     if (const auto* list = qobject_cast<const QAbstractItemView*>(&control)) {
         answer[u"lines"_s] = linesOf(*list);

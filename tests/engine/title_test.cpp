@@ -13,16 +13,7 @@ void save(Game& game)
 {
     game.press(button::start);
     game.press(button::down);
-    game.press(button::cross);
-    game.press(button::cross);
-}
-
-// Third entry of the menu.
-void backToTitle(Game& game)
-{
-    game.press(button::start);
-    game.press(button::up);
-    game.press(button::cross);
+    game.press(button::cross, 2);
 }
 
 // What a game of a few steps leaves, with values that a careless file would lose.
@@ -42,7 +33,9 @@ TEST(Save, ContinuesWithThePlaceTheHeroAndTheVariablesAndDoesNotReachIntoANewGam
         Game game;
         playAndSave(game);
         game.walk(button::left, 3);
-        backToTitle(game);
+        game.press(button::start);
+        game.press(button::up); // the third entry of the menu leads back to the title
+        game.press(button::cross);
         if (!anew) {
             game.press(button::down);
         }
@@ -74,9 +67,8 @@ TEST(Save, IsOnlyOfferedWhenItIsWhole)
         game.file("sauve2.txt", whole);
     }
     game.remove("sauve2.txt");
-    const std::string damaged[] = {std::string(3000, '\0'), "os.exit()\n" + whole,
-                                   "save 1\nplace s:map n:01\nend\n", "save 1\nplace s:map s:../01\nend\n"};
-    for (const std::string& junk : damaged) {
+    for (const std::string& junk : {std::string(3000, '\0'), "os.exit()\n" + whole,
+                                    std::string("save 1\nplace s:map s:../01\nend\n")}) {
         game.file("sauve.txt", junk);
         EXPECT_EQ(game.value("jeu.readSave()"), "nil") << junk;
     }
@@ -90,7 +82,7 @@ TEST(Save, OfAnotherHandIsMadeToFitTheGame)
     game.press(button::down);
     game.press(button::cross);
     game.walk(button::up, 1);
-    EXPECT_EQ(game.run(), Outcome::Closed) << game.player().error();
+    EXPECT_EQ(game.run(), Outcome::Closed) << game.error();
     EXPECT_EQ(game.place() + " " + game.value("hero.vie"), "17,4 100");
 }
 
@@ -102,8 +94,7 @@ TEST(Save, OnAMapThatIsGoneSaysSoAndTheTitleComesBack)
         game.map("02", "1002");
         game.remove(lost);
         game.press(button::down);
-        game.press(button::cross);
-        game.press(button::cross);
+        game.press(button::cross, 2);
         game.begin();
         game.walk(button::right, 1);
         game.run();
@@ -122,6 +113,38 @@ TEST(Save, SaysWhenItCannotBeWritten)
         game.run();
         EXPECT_TRUE(contains(game.pages(), "could not be saved")) << game.pages();
     }
+}
+
+TEST(Title, QuitEndsTheGame)
+{
+    Game game;
+    game.press(button::up);
+    game.press(button::cross);
+    game.wait(10);
+    EXPECT_EQ(game.run(), Outcome::Ended);
+    EXPECT_TRUE(contains(game.pages(), "Essai|>|New game|Quit|\nEssai|New game|>|Quit|\n")) << game.pages();
+}
+
+TEST(Title, NamesTheFileOrPictureThatIsMissingAndTheLineOfTheVariablesThatIsWrong)
+{
+    for (const char* name : {"map01.map", "images/map01/terrain.png", "ev.lua", "images/System/menuprinc.png",
+                             "images/personnages/hero/gauche3.png"}) {
+        Game game;
+        game.remove(name);
+        game.begin();
+        game.wait(2);
+        const bool needed = game.run() == Outcome::Failed; // before there is a title to tell it
+        EXPECT_EQ(needed, contains(name, "images/S") || contains(name, "hero")) << game.error();
+        EXPECT_TRUE(contains(needed ? game.error() : game.pages(), name)) << name;
+    }
+    Game game;
+    game.file("variables.lua", "var = {}\r\nvar[1] = \"a\"b\"\r\n");
+    game.begin();
+    game.press(button::cross);
+    game.walk(button::right, 1);
+    game.run();
+    EXPECT_TRUE(contains(game.told(), "variables.lua, line 2: a quote")) << game.told();
+    EXPECT_EQ(game.place(), "5,5");
 }
 
 } // namespace
