@@ -126,9 +126,8 @@ void mapeditor::sayOutcome(const UndoResult& result, const QString& word)
     case UndoOutcome::Done:
         return say(u"%1: %2."_s.arg(shown(result.name), word));
     case UndoOutcome::ChangedElsewhere:
-        return say(
-            u"Not %1: this map's files were changed elsewhere. \"Load map\" shows what they hold."_s.arg(
-                word));
+        return say(u"Not %1: this map's files were changed elsewhere. "
+                   "\"Load map\" shows what they hold."_s.arg(word));
     case UndoOutcome::NotWritten:
         return say(u"Not wholly %1: a file cannot be written."_s.arg(word));
     }

@@ -158,8 +158,8 @@ void TilePalette::mousePressEvent(QMouseEvent* event)
     }
 }
 
-/// The tile that a key leads to, maybe beyond the first or last one; 0 for a key that leads to none.
-int TilePalette::afterKey(int key) const
+/// The tile that a key leads to, maybe beyond the first or last one; nothing for a key that leads nowhere.
+std::optional<int> TilePalette::afterKey(int key) const
 {
     switch (key) {
     case Qt::Key_Left:
@@ -179,18 +179,18 @@ int TilePalette::afterKey(int key) const
     case Qt::Key_Enter:
         return chosen_;
     default:
-        return 0;
+        return std::nullopt;
     }
 }
 
 void TilePalette::keyPressEvent(QKeyEvent* event)
 {
     const bool held = (event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier;
-    const int tile = held ? 0 : afterKey(event->key());
-    if (tile == 0) {
+    const std::optional<int> tile = held ? std::nullopt : afterKey(event->key());
+    if (!tile) {
         QAbstractScrollArea::keyPressEvent(event);
-    } else if (tile > 0 && tile <= count_) {
-        Q_EMIT picked(tile);
+    } else if (*tile > 0 && *tile <= count_) {
+        Q_EMIT picked(*tile);
     }
 }
 

@@ -1,6 +1,7 @@
 /// The tiles of a tileset, all in sight at once, to choose from.
 #pragma once
 
+#include <optional>
 #include <QAbstractScrollArea>
 #include <string>
 
@@ -35,7 +36,7 @@ protected:
 private:
     int perRow() const;
     int tileAt(QPoint place) const;
-    int afterKey(int key) const;
+    std::optional<int> afterKey(int key) const;
     void fitScrollBar();
     void bringIntoSight();
 
