@@ -15,7 +15,7 @@ using Store = InProject;
 
 TEST_F(Store, OnlyAPlainComponentNamesAProjectsFolderByTheCharactersOfItsBytes)
 {
-    EXPECT_EQ(ProjectFolder("Épée à 5 €"_ansi), app.at("projets/Épée à 5 €"));
+    EXPECT_EQ(ProjectFolder("Épée à 5 €"_ansi), app.at(u8"projets/Épée à 5 €"));
     EXPECT_EQ(DiskName("\xE9\x81"), Path(u8"\u00E9\u0081"));
     for (const std::string_view name : {"a b", "..a", ".hidden", "*?"}) {
         EXPECT_EQ(ProjectFolder(name).parent_path(), app.at("projets")) << name;
