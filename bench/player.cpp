@@ -151,7 +151,27 @@ end
 dofile("index.lua")
 )";
 
-void play(benchmark::State& state, const std::string& scene, const char* script)
+/// A map of which every row changes at every frame, and three lines of text.
+constexpr const char* scrolling = R"(
+local tiles, white, frames = Image.load("images/map01/terrain.png"), Color.new(255, 255, 255), 0
+while true do
+    frames = frames + 1
+    screen:clear()
+    for y = 0, 7 do
+        for x = 0, 16 do
+            screen:blit(2 + x * 28, 36 + y * 29, tiles, (x + y + frames) % 10 * 28, 0, 28, 29)
+        end
+    end
+    for line = 0, 2 do
+        screen:print(24, 194 + line * 12, "The quick brown fox jumps over the lazy dog's back", white)
+    end
+    screen.waitVblankStart()
+    screen.flip()
+end
+)";
+
+void play(benchmark::State& state, const std::string& scene, const char* script,
+          const QString& floorScene = u"talk"_s)
 {
     constexpr double framesPerSecond = 60;
     const TalkativeGame game(1);
@@ -163,7 +183,7 @@ void play(benchmark::State& state, const std::string& scene, const char* script)
     Rounds memory;
     for ([[maybe_unused]] auto round : state) {
         const auto ours = display.watch({player, {u"scene.lua"_s}});
-        const auto floor = display.watch({PLAYER_FLOOR, {u"talk"_s}});
+        const auto floor = display.watch({PLAYER_FLOOR, {floorScene}});
         frames.ours.push_back(ours.processorShare / framesPerSecond);
         frames.floor.push_back(floor.processorShare / framesPerSecond);
         memory.ours.push_back(ours.peakMemory);
@@ -215,5 +235,6 @@ void addPlayer()
     }
     add("talk box", 3, [](benchmark::State& state) { play(state, "talk box open", pressing); });
     add("walk", 3, [](benchmark::State& state) { play(state, "hero walking", walking); });
+    add("scroll", 3, [](benchmark::State& state) { play(state, "all rows", scrolling, u"scroll"_s); });
     add("game's start", 11, startGame);
 }

@@ -1,6 +1,6 @@
 // The least player: SDL2 and Lua draw the same scenes from the same pictures, anew at each of sixty frames a
-// second. Started in a project's folder with the name of a scene: title, or talk (a full map with an open
-// talk box).
+// second. Started in a project's folder with the name of a scene: title, talk (a full map with an open talk
+// box), or scroll (a map of which every row changes, and three lines of text).
 #include <array>
 #include <chrono>
 #include <lua.hpp>
@@ -20,20 +20,36 @@ function title()
     blit(1, 0, 0, 0, 0, 480, 272)
 end
 
-function talk()
-    blit(2, 0, 0, 0, 0, 480, 272)
+local frames = 0
+
+local function map()
     for y = 0, 7 do
         for x = 0, 16 do
-            blit(3, 2 + x * 28, 36 + y * 29, (x + y) % 10 * 28, 0, 28, 29)
+            blit(3, 2 + x * 28, 36 + y * 29, (x + y + frames) % 10 * 28, 0, 28, 29)
         end
     end
-    blit(4, 114, 123, 0, 0, 28, 29)
-    blit(5, 8, 180, 0, 0, 464, 88)
+end
+
+local function lines()
     for line = 0, 2 do
         for letter = 0, 49 do
             blit(4, 24 + letter * 8, 194 + line * 12, letter % 3 * 8, 8, 8, 8) -- as large as a letter
         end
     end
+end
+
+function talk()
+    blit(2, 0, 0, 0, 0, 480, 272)
+    map()
+    blit(4, 114, 123, 0, 0, 28, 29)
+    blit(5, 8, 180, 0, 0, 464, 88)
+    lines()
+end
+
+function scroll()
+    frames = frames + 1
+    map()
+    lines()
 end
 )";
 

@@ -13,17 +13,41 @@ Pixel* rowOf(const Target& target, int y)
     return target.pixels + target.pitch * y;
 }
 
-void enlargeRow(const Pixel* from, Pixel* to, int left, int right, const Placement& place)
+template <int factor> void enlargeWholeRow(const Pixel* from, int width, Pixel* to)
 {
-    if (place.factor == 1) {
-        std::copy(from + (left - place.left), from + (right - place.left), to + left);
-        return;
+    for (int x = 0; x < width; ++x) {
+        std::fill_n(to + x * factor, factor, from[x]);
     }
+}
+
+void enlargePartOfRow(const Pixel* from, Pixel* to, int left, int right, const Placement& place)
+{
     int source = (left - place.left) / place.factor;
     for (int x = left; x < right; ++source) {
         const int end = std::min(place.left + (source + 1) * place.factor, right);
         std::fill(to + x, to + end, from[source]);
         x = end;
+    }
+}
+
+// Columns `left` up to, but not with, `right` of the target. A factor that the compiler knows is several
+// times as fast; windows are seldom larger than three times the picture, and hold it whole.
+void enlargeRow(const Image& picture, int y, Pixel* to, int left, int right, const Placement& place)
+{
+    const int width = picture.width();
+    const bool whole = right - left == width * place.factor;
+    switch (whole ? place.factor : 0) {
+    case 1:
+        enlargeWholeRow<1>(picture.row(y), width, to + left);
+        break;
+    case 2:
+        enlargeWholeRow<2>(picture.row(y), width, to + left);
+        break;
+    case 3:
+        enlargeWholeRow<3>(picture.row(y), width, to + left);
+        break;
+    default:
+        enlargePartOfRow(picture.row(y), to, left, right, place);
     }
 }
 
@@ -55,7 +79,7 @@ void drawEnlarged(const Image& picture, Rows rows, const Target& target, const P
             continue;
         }
         Pixel* const drawn = rowOf(target, top);
-        enlargeRow(picture.row(y), drawn, left, right, place);
+        enlargeRow(picture, y, drawn, left, right, place);
         for (int copy = top + 1; copy < bottom; ++copy) {
             std::copy(drawn + left, drawn + right, rowOf(target, copy) + left);
         }
