@@ -12,29 +12,29 @@ protected:
     Snapshot withProject() const
     {
         Snapshot files = app.snapshot();
-        const auto add = [&files](const std::string& name, const std::string& content) {
-            files["projets/demo" + name] = content;
-        };
         for (const std::string folder : {"", "/images", "/images/System", "/images/personnages",
                                          "/images/personnages/hero", "/images/map01", "/ev", "/ev/map01"}) {
-            add(folder, "folder");
+            files["projets/demo" + folder] = "folder";
         }
-        add("/projet.ini", "[Jeu]\r\nnom=demo\r\nauteur=Kestrel\r\nver=3.0.0\r\ncartes=1\r\ncombats=0\r\n"
-                           "[Carte01]\r\ntexture=01\r\nnom=Carte 1\r\n[Variables]\r\nnombre=0\r\n");
-        add("/variables.lua", "--Variables du jeu\r\n");
-        add("/ram.lua", "-- ftgr\r\n");
-        add("/map.lua", "-- ftgm\r\n");
-        add("/index.lua", "-- ftgi\r\n");
-        add("/menustart.lua", "-- ftgms\r\n");
-        add("/ev.lua", "-- ftgev\r\n");
-        add("/map01.ev", app.read("data/ftgmev.dat") + "\r\n");
-        add("/map01.map", app.read("data/ftgmma.dat") + "\r\n");
-        add("/images/map01/terrain.png", "sheet 01");
+        const auto add = [&files](const std::string& name, const std::string& content) {
+            files["projets/demo/" + name] = content;
+        };
+        add("projet.ini", "[Jeu]\r\nnom=demo\r\nauteur=Kestrel\r\nver=3.0.0\r\ncartes=1\r\ncombats=0\r\n"
+                          "[Carte01]\r\ntexture=01\r\nnom=Carte 1\r\n[Variables]\r\nnombre=0\r\n");
+        add("variables.lua", "--Variables du jeu\r\n");
+        add("ram.lua", "-- ftgr\r\n");
+        add("map.lua", "-- ftgm\r\n");
+        add("index.lua", "-- ftgi\r\n");
+        add("menustart.lua", "-- ftgms\r\n");
+        add("ev.lua", "-- ftgev\r\n");
+        add("map01.ev", app.read("data/ftgmev.dat") + "\r\n");
+        add("map01.map", app.read("data/ftgmma.dat") + "\r\n");
+        add("images/map01/terrain.png", "sheet 01");
         for (const std::string name : TemporaryAppDir::heroPictures) {
-            add("/images/personnages/hero/" + name + ".png", "picture " + name);
+            add("images/personnages/hero/" + name + ".png", "picture " + name);
         }
         for (const std::string name : TemporaryAppDir::systemPictures) {
-            add("/images/System/" + name + ".png", "picture " + name);
+            add("images/System/" + name + ".png", "picture " + name);
         }
         return files;
     }

@@ -108,27 +108,19 @@ TEST(EventLines, AreWrittenByteForByte)
     }
 }
 
-TEST_F(Variables, AVariableIsAddedInTwoSteps)
+TEST_F(Variables, AVariableIsAddedInTwoStepsAndItsStartValueIsReplacedAlone)
 {
-    const std::string before = app.read("projets/demo/projet.ini");
+    std::string text = app.read("projets/demo/projet.ini") + "[Variable1]\r\nnumero=1\r\n";
     BeginVariable(1);
-    EXPECT_EQ(app.read("projets/demo/projet.ini"), before + "[Variable1]\r\nnumero=1\r\n");
+    EXPECT_EQ(app.read("projets/demo/projet.ini"), text);
     FinishVariable(1, "abc");
-    std::string after = before + "[Variable1]\r\nnumero=1\r\nvaleur=abc\r\n";
-    after.replace(after.find("nombre=0"), 8, "nombre=1");
-    EXPECT_EQ(app.read("projets/demo/projet.ini"), after);
-}
-
-TEST_F(Variables, AStartValueIsReplacedAloneAndMayBeEmptyOrMissing)
-{
-    WriteIni("variable2", "VALEUR", "two", Descriptor());
-    EXPECT_EQ(StartValues(3), (Texts{"", "two", ""}));
-    for (int number = 1; number <= 11; ++number) {
-        FinishVariable(number, std::to_string(number * 10));
-    }
-    SetStartValue(2, "");
+    text.replace(text.find("nombre=0"), 8, "nombre=1");
+    EXPECT_EQ(app.read("projets/demo/projet.ini"), text + "valeur=abc\r\n");
+    SetStartValue(1, "");
+    EXPECT_EQ(app.read("projets/demo/projet.ini"), text + "valeur=\r\n");
     SetStartValue(11, "last");
-    EXPECT_EQ(StartValues(), (Texts{"10", "", "30", "40", "50", "60", "70", "80", "90", "100", "last"}));
+    WriteIni("variable2", "VALEUR", "two", Descriptor());
+    EXPECT_EQ(StartValues(11), (Texts{"", "two", "", "", "", "", "", "", "", "", "last"}));
 }
 
 TEST_F(Variables, VariablesAreAsManyAsTheCountSaysAndTheNextFollowsIt)
@@ -167,10 +159,9 @@ TEST_F(Scripts, TheEventScriptHasABlockForEachMapAndEachEventInItsBranchAsItStan
     EXPECT_EQ(EventScript(2), script(map("01") + map("02", 1, 11, "first row")));
 }
 
-TEST_F(Scripts, FilesThatAreNoCellsEventAreNotCompiled)
+TEST_F(Scripts, WhatIsNoCellsEventFileIsNotCompiled)
 {
-    for (const std::string name :
-         {"ev00", "ev01", "ev10", "ev118", "ev101", "ev011", onWindows ? "ev" : "EV11", "ev11.bak"}) {
+    for (const std::string name : {"ev00", "ev10", "ev118", "ev011", onWindows ? "ev" : "EV11", "ev11.bak"}) {
         app.write("projets/demo/ev/map01/" + name, "not an event");
     }
     std::filesystem::create_directory(app.at("projets/demo/ev/map01/ev11"));

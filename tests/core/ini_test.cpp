@@ -1,17 +1,8 @@
-#include "inirules.h"
 #include "store/ini.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <vector>
-
-namespace
-{
-
-const std::string longest(254, 'v');
-
-} // namespace
 
 TEST(IniText, AKeyIsReadFromTheFirstSectionOfItsNameWhateverTheirCaseAndPastOddLines)
 {
@@ -28,13 +19,13 @@ TEST(IniText, AKeyIsReadFromTheFirstSectionOfItsNameWhateverTheirCaseAndPastOddL
         {twice, "Carte1", "nom", "one"},
         {twice, "Carte", "nom", ""},  // neither a longer key nor a later section
         {twice, "Carte1", "ver", ""}, // nor a second section of that name
-        {twice, "", "nom", ""},
         {odd, "Jeu", "nom", "demo"},
         {odd, "Jeu", ";nom", "not this"},
         {odd, "Jeu", "", "nothing"},
         {odd, "Open", "nom", "x"},
+        {odd, " Jeu ", "nom", ""}, // a name counts as it is given
+        {"[a]\rk=v\r", "a", "k", ""},
         {"\xEF\xBB\xBF[Jeu]\nnom=demo", "Jeu", "nom", "demo"},
-        {"[a=b]\nk=v\n", "a=b", "k", "v"},
     };
     for (const auto& [text, section, key, value] : cases) {
         EXPECT_EQ(IniValue(text, section, key), value) << text;
@@ -43,10 +34,10 @@ TEST(IniText, AKeyIsReadFromTheFirstSectionOfItsNameWhateverTheirCaseAndPastOddL
 
 TEST(IniText, AValueIsTrimmedAndItsEnclosingQuotesAreTakenAndCutAt254Bytes)
 {
+    const std::string longest(254, 'v');
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"", ""},
         {"  a b\t ", "a b"},
-        {"a=b", "a=b"},
         {"'a'", "a"},
         {" \" a \" ", " a "},
         {"\"\"a\"\"", "\"a\""},
@@ -58,7 +49,6 @@ TEST(IniText, AValueIsTrimmedAndItsEnclosingQuotesAreTakenAndCutAt254Bytes)
     };
     for (const auto& [written, value] : cases) {
         EXPECT_EQ(IniValue("[s]\r\nk = " + written, "s", "k"), value) << written;
-        EXPECT_EQ(IniValue("[s]\nk = " + written + "\nk=later\n", "s", "k"), value) << written;
     }
 }
 
@@ -83,7 +73,7 @@ TEST(IniText, AKeyIsReplacedInPlaceOrFollowsItsSectionAndAllLinesEndInCrLf)
          "; c\r\n\r\n[a]\r\nno equals\r\nk=v\r\n =2\r\n[a]\r\nk=3\r\n"},
         {std::string_view("\0\x01\n[a]\r\r\n\x80\xFF", 11), "b", "k", "v",
          std::string_view("\0\x01\r\n[a]\r\r\n\x80\xFF\r\n[b]\r\nk=v\r\n", 24)},
-        {"", "a\nb", "c\rd", "e\r\nf\ng", "[a b]\r\nc d=e f g\r\n"},
+        {"", "a\nb", "c\rd", "e\r\nf\n\rg", "[a b]\r\nc d=e f  g\r\n"},
     };
     for (const auto& [text, section, key, value, result] : cases) {
         EXPECT_EQ(WithIniValue(text, section, key, value), result) << text;
@@ -92,40 +82,4 @@ TEST(IniText, AKeyIsReplacedInPlaceOrFollowsItsSectionAndAllLinesEndInCrLf)
         EXPECT_EQ(WithIniValue(utf16, "a", "k", "v"), std::nullopt) << "is not touched";
     }
     EXPECT_NE(WithIniValue("\xFF", "a", "k", "v"), std::nullopt);
-}
-
-// A fixed run of pseudo-random texts made of what the format is made of.
-TEST(IniText, WhatIsWrittenIntoAnyTextIsReadBackAndChangesNoOtherLine)
-{
-    constexpr std::string_view pieces[] = {
-        "[s]",  "[S",  "[t]", "k=", "K =", "j=1", "\n", "\r\n",
-        "\r\n", "\n ", "\r",  "\"", "'",   ";",   "=",  std::string_view("\0", 1)};
-    const std::vector<std::pair<std::string, std::string>> values = {
-        {"new", "new"}, {" a b\t", "a b"}, {"\"q\"", "q"}, {"'", "'"}, {"", ""}, {longest + "v", longest}};
-    std::uint32_t state = 1;
-    for (std::size_t round = 0; round < 6000; ++round) {
-        std::string text;
-        for (std::size_t i = 0; i < round % 24; ++i) {
-            state = state * 1664525u + 1013904223u;
-            text += pieces[state >> 28];
-        }
-        const auto& [value, read] = values[round % values.size()];
-        ASSERT_EQ(BrokenIniRule(text, "s", "k", value, read), "") << testing::PrintToString(text);
-        for (const auto& [section, key] : {std::pair("s", "j"), std::pair("t", "k"), std::pair("t", "j")}) {
-            ASSERT_EQ(IniValue(*WithIniValue(text, "s", "k", value), section, key),
-                      IniValue(text, section, key));
-        }
-    }
-}
-
-TEST(IniText, NumberedValuesAreThoseOfTheFirstSectionOfEachNumber)
-{
-    constexpr std::string_view text =
-        "valeur=none\r\n[VARIABLE2]\r\nnumero=2\r\nValeur = 'two' \r\nvaleur=later\r\n"
-        "[Variable01]\r\nvaleur=padded\r\n[Variable]\r\nvaleur=bare\r\n[Variable4]\r\n"
-        "[Variable1]\r\nvaleur=one\r\n[Variable4]\r\nvaleur=second\r\n[Variables]\r\nvaleur=many\r\n"
-        "[Variable6]\r\nvaleur=six\r\n[Variable3x]\r\nvaleur=x\r\n[Variable 3]\r\nvaleur=y\r\n";
-    const auto decimal = +[](int number) { return std::to_string(number); };
-    EXPECT_EQ(NumberedIniValues(text, "Variable", decimal, "valeur", 5),
-              (std::vector<std::string>{"one", "two", "", "", ""}));
 }

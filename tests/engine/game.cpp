@@ -108,11 +108,4 @@ Outcome Game::run()
     return play(now_);
 }
 
-std::string Game::told()
-{
-    std::string text = pages();
-    std::replace(text.begin(), text.end(), '|', ' ');
-    return text;
-}
-
 } // namespace engine::testing

@@ -9,7 +9,6 @@ namespace engine::testing
 {
 
 using player::Buttons;
-using player::Image;
 using player::Outcome;
 using player::testing::Frame;
 namespace button = player::button;
@@ -53,22 +52,20 @@ public:
     /// Begins a game and walks onto the next cell, to the right of the start, whose event has these lines.
     void enter(const std::string& lines);
 
-    /// An expression's value, and the picture, of this moment or one so many frames later; told by the run.
+    /// An expression's value of this moment; told by the run.
     const std::string& watch(const std::string& expression) { return PlayerRun::watch(now_, expression); }
-    const Image& capture(Frame later = 0) { return PlayerRun::capture(now_ + later); }
 
     /// Runs all acts and closes the game after them.
     Outcome run();
 
     /// The hero's cell, "column,row".
-    std::string place() { return value(placeOfHero); }
-    static constexpr const char* placeOfHero = "hero.x .. ',' .. hero.y";
+    std::string place() { return value("hero.x .. ',' .. hero.y"); }
 
     /// The texts of every picture that showed texts: one line for each, its texts divided by "|".
     std::string pages() { return value("pages"); }
 
     /// The same, with each picture's texts as one running text.
-    std::string told();
+    std::string told() { return value("(string.gsub(pages, '|', ' '))"); }
 
 private:
     std::filesystem::path layOut() const;

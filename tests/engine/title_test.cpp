@@ -29,6 +29,10 @@ void playAndSave(Game& game)
 
 TEST(Save, ContinuesWithThePlaceTheHeroAndTheVariablesAndDoesNotReachIntoANewGame)
 {
+    const std::string state =
+        "jeu.map.number .. ' ' .. hero.x .. ',' .. hero.y .. ' ' .. jeu.facing .. ' ' .. "
+        "hero.vie .. ' ' .. tostring(hero.nom) .. ' ' .. var[1] .. ' ' .. tostring(var[7]) "
+        ".. ' ' .. tostring(var.clef) .. ' ' .. tostring(var[8])";
     for (const bool anew : {false, true}) {
         Game game;
         playAndSave(game);
@@ -42,12 +46,9 @@ TEST(Save, ContinuesWithThePlaceTheHeroAndTheVariablesAndDoesNotReachIntoANewGam
         game.press(button::cross);
         game.run();
         EXPECT_TRUE(contains(game.pages(), "The game is saved.")) << game.pages();
-        EXPECT_EQ(game.value("jeu.map.number .. ' ' .. hero.x .. ',' .. hero.y .. ' ' .. jeu.facing"),
-                  anew ? "01 4,5 face" : "02 10,1 dos");
-        EXPECT_EQ(game.value("hero.vie .. tostring(hero.nom)"), anew ? "100nil" : "72.5Zo\xEB end");
-        EXPECT_EQ(game.value("var[1]"), anew ? "0" : "a \\032\n\"s:b\" ]]");
-        EXPECT_EQ(game.value("var[7] == true and var.clef == -1e-7 and var[8] == nil"),
-                  anew ? "false" : "true");
+        EXPECT_EQ(game.value(state), anew
+                                         ? "01 4,5 face 100 nil 0 nil nil nil"
+                                         : "02 10,1 dos 72.5 Zo\xEB end a \\032\n\"s:b\" ]] true -1e-07 nil");
     }
 }
 
@@ -120,9 +121,8 @@ TEST(Title, QuitEndsTheGame)
     Game game;
     game.press(button::up);
     game.press(button::cross);
-    game.wait(10);
     EXPECT_EQ(game.run(), Outcome::Ended);
-    EXPECT_TRUE(contains(game.pages(), "Essai|>|New game|Quit|\nEssai|New game|>|Quit|\n")) << game.pages();
+    EXPECT_EQ(game.pages(), "Essai|>|New game|Quit|\nEssai|New game|>|Quit|\n");
 }
 
 TEST(Title, NamesTheFileOrPictureThatIsMissingAndTheLineOfTheVariablesThatIsWrong)
@@ -134,7 +134,6 @@ TEST(Title, NamesTheFileOrPictureThatIsMissingAndTheLineOfTheVariablesThatIsWron
         game.begin();
         game.wait(2);
         const bool needed = game.run() == Outcome::Failed; // before there is a title to tell it
-        EXPECT_EQ(needed, contains(name, "images/S") || contains(name, "hero")) << game.error();
         EXPECT_TRUE(contains(needed ? game.error() : game.pages(), name)) << name;
     }
     Game game;

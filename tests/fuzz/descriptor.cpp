@@ -1,11 +1,15 @@
 // Input: section, key and value on a line each, then the text of a descriptor.
 #include "target.h"
-#include "tests/core/inirules.h"
 
 #include "store/codepage.h"
+#include "store/ini.h"
+
+#include <algorithm>
 
 namespace
 {
+
+using Lines = std::vector<std::string_view>;
 
 std::string_view trimmed(std::string_view text)
 {
@@ -30,6 +34,30 @@ std::string_view readBack(std::string_view value)
     return (quoted ? value.substr(1, value.size() - 2) : value).substr(0, longestIniValue);
 }
 
+/// The lines of a text, without their ends.
+Lines linesOf(std::string_view text)
+{
+    Lines lines;
+    while (!text.empty()) {
+        lines.push_back(TakeLine(text));
+        lines.back().remove_suffix(lines.back().ends_with('\r') ? 1 : 0);
+    }
+    return lines;
+}
+
+/// Whether `after` is `before` with one line replaced, or with one or two lines added in one place.
+bool differsInOnePlace(const Lines& before, const Lines& after)
+{
+    const auto [oldStart, newStart] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+    const Lines oldRest(oldStart, before.end());
+    const Lines newRest(newStart, after.end());
+    const auto [oldEnd, newEnd] =
+        std::mismatch(oldRest.rbegin(), oldRest.rend(), newRest.rbegin(), newRest.rend());
+    const auto removed = oldRest.rend() - oldEnd;
+    const auto added = newRest.rend() - newEnd;
+    return removed == 0 ? added <= 2 : removed == 1 && added == 1;
+}
+
 /// The reader of many values and the reader of one find the same.
 void requireAgreement(std::string_view text, const std::string& prefix, std::string_view key)
 {
@@ -46,17 +74,18 @@ void requireAgreement(std::string_view text, const std::string& prefix, std::str
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    std::string_view rest = TextOf(data, size);
-    const std::string section = OneLine(TakeLine(rest));
-    const std::string key = OneLine(TakeLine(rest));
-    const std::string value = OneLine(TakeLine(rest));
-    const std::string text(rest);
+    std::string_view text = TextOf(data, size);
+    const std::string section = OneLine(TakeLine(text));
+    const std::string key = OneLine(TakeLine(text));
+    const std::string value = OneLine(TakeLine(text));
 
     requireAgreement(text, section, key);
-    if (WithIniValue(text, section, key, value) && isKey(key) && section == trimmed(section) &&
-        section.find(']') == std::string::npos) {
-        const std::string broken = BrokenIniRule(text, section, key, value, readBack(value));
-        Require(broken.empty(), broken);
+    const auto changed = WithIniValue(text, section, key, value);
+    if (changed && isKey(key) && section == trimmed(section) && section.find(']') == std::string::npos) {
+        Require(IniValue(*changed, section, key) == readBack(value), "what was written is read back");
+        Require(differsInOnePlace(linesOf(text), linesOf(*changed)), "no other line is changed");
+        Require(changed->ends_with("\r\n"), "the last line is ended");
+        Require(WithIniValue(*changed, section, key, value) == changed, "written twice is the same");
     }
     return 0;
 }

@@ -44,8 +44,7 @@ void feedFile(const std::filesystem::path& path)
 
 int main(int count, char** arguments)
 {
-    if (count != 2 || !std::filesystem::is_directory(arguments[1])) {
-        std::fprintf(stderr, "Usage: %s FOLDER\n", arguments[0]);
+    if (count != 2) {
         return 2;
     }
     const std::filesystem::directory_iterator folder(arguments[1]);

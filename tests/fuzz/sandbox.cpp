@@ -1,13 +1,12 @@
 // Input: "p" to start in a project or anything else for the tool's folder, then one step on each line: "c"
 // and a folder to change into, "r", "w" or "a" and a file to open.
 #include "target.h"
-#include "tests/player/harness.h"
+#include "tests/core/tempfolder.h"
 
 #include "player/sandbox.h"
 
 #include <algorithm>
 #include <map>
-#include <set>
 #include <string>
 
 namespace
@@ -32,15 +31,11 @@ struct Tree {
         fs::create_symlink("images", demo / "in");
         fs::create_symlink("/", demo / "all");
         fs::create_symlink("../..", app / "projets/parent");
-        for (const auto& entry : fs::recursive_directory_iterator(folder.path())) {
-            known.insert(entry.path());
-        }
     }
 
-    testing::TempFolder folder;
+    TempFolder folder;
     fs::path app = folder.path() / "app";
     fs::path demo = app / "projets/demo";
-    std::set<fs::path> known;
 };
 
 bool isBelow(const fs::path& path, const fs::path& folder)
@@ -69,14 +64,15 @@ struct Run {
 
     void open(std::string_view path, FileMode mode)
     {
+        const bool isNew = !sandbox.exists(path);
         const FileHandle file = sandbox.open(path, mode);
         const fs::path place = fs::read_symlink("/proc/self/fd/" + std::to_string(::fileno(file.get())));
-        if (!tree.known.contains(place)) {
-            fs::remove(place);
-        }
         Require(root.empty() ? place.parent_path() == tree.app && mode == FileMode::Read
                              : isBelow(place, root),
                 "no file outside is opened");
+        if (isNew) {
+            fs::remove(place);
+        }
     }
 };
 
@@ -88,16 +84,15 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static const std::map<char, FileMode> modes = {
         {'r', FileMode::Read}, {'w', FileMode::Write}, {'a', FileMode::AppendAndRead}};
     std::string_view input = TextOf(data, size);
-    const fs::path root = TakeLine(input) == "p" ? tree.demo : fs::path();
-    Run run{tree, Sandbox(root.empty() ? tree.app : root), root};
+    const bool inProject = TakeLine(input) == "p";
+    Run run{tree, Sandbox(inProject ? tree.demo : tree.app), inProject ? tree.demo : fs::path()};
     while (!input.empty()) {
         const std::string_view line = TakeLine(input);
-        const char action = line.empty() ? '\0' : line.front();
         try {
-            if (action == 'c') {
+            if (line.starts_with('c')) {
                 run.enter(line.substr(1));
-            } else if (modes.contains(action)) {
-                run.open(line.substr(1), modes.at(action));
+            } else if (!line.empty() && modes.contains(line.front())) {
+                run.open(line.substr(1), modes.at(line.front()));
             }
         } catch (const PathRefused&) {
             continue;

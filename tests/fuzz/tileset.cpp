@@ -29,6 +29,5 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const std::string tiles = IniValue(descriptor, "texture", "nbimg");
     Require(TilesetCount() == (tiles.empty() ? 0 : 1), "a tileset counts by its tiles");
     Require(TileCount("01") >= 0 && TileCount("01") <= 32767, "tiles are few");
-    TileCount(number);
     return 0;
 }

@@ -7,14 +7,19 @@ Usage: screen_reader.py APPDIR PLUGINS, as for the tour. Needs a session bus of 
 """
 
 import os
+import sys
 from collections import namedtuple
+from pathlib import Path
 
 import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi
 
-from keys import Missed, main, wait_for
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tour"))
+
+from performing import perform
+from waiting import Missed, wait_for
 
 _DRAWERS = {"filler", "layered pane", "menu bar", "panel"}  # hold controls and tell nothing themselves
 _MANY = 30  # of a table with more, the first cells stand for all
@@ -36,12 +41,9 @@ def _below(node, box=None):
 
 
 def _is_mute(met):
-    """Whether it lacks a role, or a name of its own: the toolkit lends it that of the frame round it.
-
-    An empty line of text, such as the foot of a map, has nothing to tell yet.
-    """
+    """Whether it lacks a role, or a name of its own: the toolkit lends it that of the frame round it."""
     if met.role == "label" or met.role in _DRAWERS and not met.name:
-        return False
+        return False  # an empty line of text, such as the foot of a map, has nothing to tell yet
     return not met.name or met.role in ("unknown", "invalid") or met.name == met.box
 
 
@@ -79,7 +81,7 @@ class Reader:
             raise Missed(f"each control has a name and a role beside {view} (not so: {mute})")
 
 
-def play(stage, _keys):
+def play(stage):
     reader = Reader(stage.program.pid)
     reader.look("Bienvenu")
     reader.press("push button", "Open an existing project")
@@ -105,5 +107,7 @@ def play(stage, _keys):
 
 
 if __name__ == "__main__":
-    main(play, __doc__, DBUS_SESSION_BUS_ADDRESS=os.environ["DBUS_SESSION_BUS_ADDRESS"],
-         QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
+    perform(play, *sys.argv[1:], DBUS_SESSION_BUS_ADDRESS=os.environ["DBUS_SESSION_BUS_ADDRESS"],
+            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")

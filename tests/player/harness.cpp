@@ -13,12 +13,6 @@ Frame FakeHost::frame() const
     return frameAt(now_);
 }
 
-void FakeHost::present(const Image& frame)
-{
-    shown_ = frame;
-    ++presented_;
-}
-
 Buttons FakeHost::takeButtons()
 {
     Buttons taken = button::none;
@@ -62,13 +56,6 @@ const std::string& PlayerRun::watch(Frame frame, const std::string& expression)
 {
     std::string& kept = values_.emplace_back("never");
     host_.at(frame, [this, &kept, expression] { kept = value(expression); });
-    return kept;
-}
-
-const Image& PlayerRun::capture(Frame frame)
-{
-    Image& kept = pictures_.emplace_back(screenWidth, screenHeight);
-    host_.at(frame, [this, &kept] { kept = host_.shown(); });
     return kept;
 }
 

@@ -12,8 +12,6 @@
 #include <list>
 #include <map>
 #include <string>
-#include <string_view>
-#include <utility>
 
 namespace player::testing
 {
@@ -24,7 +22,8 @@ using ::TempFolder;
 using Frame = std::int64_t;
 
 /// A display, a pad and a clock that a test controls. Time passes only by waiting, and by a little whenever
-/// it is looked at, so that a script that never waits still meets the end of its run.
+/// it is looked at, so that a script that never waits still meets the end of its run. Who does not take in
+/// events is not told that the game is to be closed.
 class FakeHost : public Host
 {
 public:
@@ -38,15 +37,13 @@ public:
     void at(Frame frame, std::function<void()> act) { acts_.emplace(frame, std::move(act)); }
 
     Frame frame() const;
-    int presented() const { return presented_; }
-    int pumped() const { return pumped_; }
 
     /// What was presented last; black before.
     const Image& shown() const { return shown_; }
 
-    void present(const Image& frame) override;
-    void pumpEvents() override { ++pumped_; }
-    bool closeAsked() const override { return frame() >= closeFrame_; }
+    void present(const Image& frame) override { shown_ = frame; }
+    void pumpEvents() override { closeAsked_ = frame() >= closeFrame_; }
+    bool closeAsked() const override { return closeAsked_; }
     Buttons takeButtons() override;
     bool hasViewer() const override { return true; }
     Instant now() override;
@@ -56,10 +53,9 @@ private:
     std::map<Frame, Buttons> steps_;
     std::multimap<Frame, std::function<void()>> acts_;
     Frame closeFrame_ = INT64_MAX;
+    bool closeAsked_ = false;
     Instant now_{};
     Frame lastRead_ = -1;
-    int presented_ = 0;
-    int pumped_ = 0;
     Image shown_{screenWidth, screenHeight, Image::Kind::AlwaysOpaque};
 };
 
@@ -79,9 +75,6 @@ public:
     /// What a Lua expression is worth at the start of a frame, told once it was played; else "never".
     const std::string& watch(Frame frame, const std::string& expression);
 
-    /// The picture shown at the start of a frame, likewise; else one that no game shows.
-    const Image& capture(Frame frame);
-
     /// Plays until the script ends or fails, or closes the game at frame `end`. To be called once.
     Outcome play(Frame end);
 
@@ -89,32 +82,18 @@ public:
     /// it fails.
     std::string value(const std::string& expression);
 
-    /// The error that ended play(), as "file:line: message"; empty without one.
-    std::string error() const { return script_.error().headline(); }
+    /// What ended play(); its headline is empty without an error.
     const ErrorReport& report() const { return script_.error(); }
+    std::string error() const { return report().headline(); }
 
-    /// The frame at which the run stands, and how often the game showed a picture and took in events.
+    /// The frame at which the run stands.
     Frame frame() const { return host_.frame(); }
-    int presented() const { return host_.presented(); }
-    int pumped() const { return host_.pumped(); }
 
 private:
     FakeHost host_;
     Machine machine_;
     Script script_;
     std::list<std::string> values_;
-    std::list<Image> pictures_;
-};
-
-/// Plays one script, in a folder of its own.
-class ScriptRun : private TempFolder, public PlayerRun
-{
-public:
-    explicit ScriptRun(std::string_view script)
-        : PlayerRun(path())
-    {
-        write("index.lua", script);
-    }
 };
 
 /// What a script, written into a folder, leaves as the global `result`; "failed: " and the error if it fails,

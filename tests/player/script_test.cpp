@@ -20,10 +20,8 @@ TEST(Script, TellsWhatWentWrongAndWhere)
     const Case cases[] = {
         {"local x = = 1", "index.lua:1: unexpected symbol near '='"},
         {"\n\nlocal t t.x = 1", "index.lua:3: attempt to index local 't' (a nil value)"},
-        {"error('a: b:c: text', 0)", "index.lua:1: a: b:c: text"},
         {"error('at 10:30 sharp', 0)", "index.lua:1: at 10:30 sharp"},
         {"\nerror({})", "index.lua:2: the error is not a text but a value of type table"},
-        {"\nlocal function f() return 1 + f() end f()", "index.lua:2: stack overflow"},
         {"\nlocal s = 'x' while true do s = s .. s end",
          "index.lua:2: not enough memory: a script may take 64 MB"},
         {"\nImage.load('images/none.png')", "index.lua:2: images/none.png: No such file or directory"},
@@ -35,10 +33,6 @@ TEST(Script, TellsWhatWentWrongAndWhere)
         // Lua adds to its own messages about the stack.
         EXPECT_EQ(resultOf(script).substr(0, 8 + error.size()), "failed: " + error);
     }
-    const TempFolder empty;
-    PlayerRun run(empty.path());
-    EXPECT_EQ(run.play(10), Outcome::Failed);
-    EXPECT_EQ(run.error(), "index.lua: No such file or directory");
 }
 
 TEST(Script, TracesAnErrorThroughItsFiles)
@@ -51,8 +45,7 @@ TEST(Script, TracesAnErrorThroughItsFiles)
     const std::vector<std::string> trace = {"walk.lua:3: in function 'step'", "index.lua:3: in function 'go'",
                                             "index.lua:4: in the script itself"};
     EXPECT_EQ(run.report().trace, trace);
-    EXPECT_EQ(run.report().file, "walk.lua");
-    EXPECT_EQ(run.report().line, 3);
+    EXPECT_EQ(run.error().substr(0, 12), "walk.lua:3: ");
 }
 
 TEST(Script, IsClosedWhateverItDoes)
@@ -65,8 +58,10 @@ TEST(Script, IsClosedWhateverItDoes)
         "while true do xpcall(function() while true do end end, function() return 1 end) end",
         "local t = setmetatable({}, {__index = function() while true do end end}) local x = t.x",
     };
+    const TempFolder folder;
     for (const char* script : scripts) {
-        ScriptRun run(script);
+        folder.write("index.lua", script);
+        PlayerRun run(folder.path());
         EXPECT_EQ(run.play(3), Outcome::Closed) << script << ": " << run.error();
         EXPECT_LE(run.frame(), 4) << script;
     }
@@ -81,10 +76,6 @@ TEST(Script, IsToldWhenItShowsNoFrame)
         {"local function grow(n) for i = 1, n do local co = coroutine.create(grow) "
          "local ok, why = coroutine.resume(co, n - 1) if not ok then error(why, 0) end end end grow(30)",
          told},
-        {"local function grow(n) for i = 1, n do "
-         "local ok, why = coroutine.wrap(function() return pcall(grow, n - 1) end)() if not ok then "
-         "error(why, 0) end end end grow(30)",
-         told},
         // Counted anew after each error, and from each frame on.
         {"pcall(function() while true do end end) " + steps, "nil"},
         {"for n = 1, 3 do " + steps + "screen.flip() end", "nil"},
@@ -92,13 +83,11 @@ TEST(Script, IsToldWhenItShowsNoFrame)
         {"for n = 1, 3 do " + steps + "screen.waitVblankStart(0) end", told},
     };
     for (const auto& [script, result] : cases) {
-        ScriptRun run("result = select(2, pcall(function() " + script + " end))");
-        EXPECT_EQ(run.play(1'000'000), Outcome::Ended) << run.error();
-        EXPECT_EQ(run.value("result"), result) << script;
+        EXPECT_EQ(resultOf("result = select(2, pcall(function() " + script + " end))"), result) << script;
     }
 }
 
-TEST(Script, MayBeLong)
+TEST(Script, LoadsSourceInEveryWayAsFarAsItsMemoryGoes)
 {
     const TempFolder folder;
     folder.write("long.lua", "return 'read' --" + std::string(60U << 20U, 'x'));
@@ -113,24 +102,18 @@ TEST(Script, MayBeLong)
         {"select(2, loadfile('longer.lua'))", "longer.lua: is too large"},
         {"select(2, pcall(dofile, 'dense.lua'))",
          "dense.lua: is too large: a script may take 64 MB of memory"},
-    };
-    for (const auto& [load, result] : cases) {
-        EXPECT_EQ(resultOf("result = " + load, folder), result);
-    }
-}
-
-TEST(Script, LoadsSourceInEveryWay)
-{
-    const Case cases[] = {
-        {"loadstring('return 1 + 1')()", "2"},
+        {"select(2, loadfile('gone.lua'))", "gone.lua: No such file or directory"},
         {"select(2, loadstring('=', '@mine'))", "mine:1: unexpected symbol near '='"},
         {"load((function(t) return function() return table.remove(t, 1) end end){'return ', '4', '2'})()",
          "42"},
         {"select(2, load(function() return {} end))", "index.lua:1: the function must return strings"},
-        {"select(2, loadfile('gone.lua'))", "gone.lua: No such file or directory"},
+        // 55 MB are kept while as much as the limit goes through.
+        {"{} for i = 1, 55 do result[i] = ('x'):rep(1000000) .. i end "
+         "for i = 1, 1000 do local s = ('y'):rep(64000) .. i end result = #result",
+         "55"},
     };
     for (const auto& [expression, result] : cases) {
-        EXPECT_EQ(resultOf("result = " + expression), result) << expression;
+        EXPECT_EQ(resultOf("result = " + expression, folder), result);
     }
 }
 
@@ -144,15 +127,6 @@ TEST(Script, CannotUseUpTheStackByAPattern)
         EXPECT_NE(result.find("the pattern is too long"), std::string::npos) << call;
     }
     EXPECT_EQ(resultOf("local s = ('a'):rep(5000) result = s:find(s, 1, true)"), "1");
-    EXPECT_EQ(resultOf("result = ('one two'):gsub('%w+', '<%0>')"), "<one> <two>");
-}
-
-TEST(Script, LivesCloseToItsMemoryLimit)
-{
-    // 55 MB are kept while as much as the limit goes through.
-    EXPECT_EQ(resultOf("local kept = {} for i = 1, 55 do kept[i] = ('x'):rep(1000000) .. i end "
-                       "for i = 1, 1000 do local s = ('y'):rep(64000) .. i end result = #kept"),
-              "55");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 -- Goes through every state that the game in the folder `project` can get into, by its own events, and
--- answers the states from which the ending cannot be reached any more; the empty text when there are
+-- answers the first state from which the ending cannot be reached any more; the empty text when there is
 -- none. Ways that cost life do not count: the hero may be down to the last point.
 
 local function content(name)
@@ -91,8 +91,9 @@ repeat
     end
 until not grown
 
-local stuck = ""
 for _, state in ipairs(order) do
-    stuck = stuck .. (state.leads and "" or state.key .. "\n")
+    if not state.leads then
+        return state.key
+    end
 end
-return stuck
+return ""

@@ -3,10 +3,9 @@
 import ctypes
 import errno
 import mmap
-import socket
 
 from offscreen import Offscreen
-from waiting import Missed, wait_for
+from waiting import require
 
 KILL, FAIL_ONE, FAIL_ALL = range(3)
 ERRORS = (errno.ENOSPC, errno.EIO, errno.EACCES, errno.EROFS)
@@ -29,47 +28,9 @@ class Faults(ctypes.Structure):
         return struck
 
 
-class Life:
-    """One life of the program. What it is told is done in order."""
-
-    def __init__(self, socket_file):
-        self.told = self.done = 0  # lines
-        self._hand = socket.socket(socket.AF_UNIX)
-        self._hand.settimeout(30)
-        wait_for("the program starts", lambda: self._hand.connect_ex(str(socket_file)) == 0)
-        self._answers = self._hand.makefile("r", encoding="utf-8")
-
-    def tell(self, lines):
-        """A program that is dead does not mind."""
-        self.told += len(lines)
-        try:
-            self._hand.sendall("".join(line + "\n" for line in lines).encode())
-        except OSError:
-            pass
-
-    def finish(self):
-        """Waits until all is done or the program is dead; answers whether it lives."""
-        while self.done < self.told:
-            try:
-                answer = self._answers.readline()
-            except ConnectionError:
-                answer = ""
-            except TimeoutError:
-                raise Missed("the program does what it is told in time, and no box is in the way") from None
-            if not answer.endswith("\n"):
-                return False
-            if answer != "done\n":
-                raise Missed(f"all controls are there ({answer.strip()})")
-            self.done += 1
-        return True
-
-    def do(self, lines):
-        self.tell(lines)
-        if not self.finish():
-            raise Missed("the program stays alive")
-
-
 class Bench(Offscreen):
+    """Deeds are lists of orders, done one after the other."""
+
     def _open_display(self):
         super()._open_display()
         self._plan = self.folder / "plan"
@@ -79,10 +40,31 @@ class Bench(Offscreen):
         self.faults.below = str(self.app_dir).encode()
 
     def begin_life(self):
-        self.start(f"hand:{self.socket}", TORTURE_FAULTS=str(self._plan))
-        return Life(self.socket)
+        self.start(TORTURE_FAULTS=str(self._plan))
 
     def end_life(self):
         """Kills the program, should it live."""
         self.program.kill()
         self.program.wait()
+
+    def begin(self, deeds):
+        self._told, self.done = len(deeds), 0
+        for deed in deeds:
+            for order in [*deed, ["look"]]:
+                self.tell(*order)
+
+    def finish(self):
+        """Waits until all deeds are done or the program is dead; answers whether it lives."""
+        try:
+            while self.done < self._told:
+                self.answer()
+                self.done += 1
+        except ConnectionError:
+            return False
+        absent = [line for line in self.unasked if line.startswith("?")]
+        require(not absent, f"all controls are there ({absent})")
+        return True
+
+    def do(self, deed):
+        self.begin([deed])
+        require(self.finish(), "the program stays alive")

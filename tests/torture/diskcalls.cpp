@@ -86,23 +86,6 @@ int noteOpened(int file, const char* path, bool writes, bool counted)
     return writes ? told(file, path) : file;
 }
 
-int openBy(const char* name, const char* path, int flags, va_list more)
-{
-    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(more, mode_t) : 0;
-    const bool writes = (flags & O_ACCMODE) != O_RDONLY || (flags & (O_CREAT | O_TRUNC)) != 0;
-    const bool counted = writes && counts(path);
-    return counted && fails() ? -1 : noteOpened(real(open, name)(path, flags, mode), path, writes, counted);
-}
-
-std::FILE* openStreamBy(const char* name, const char* path, const char* mode)
-{
-    const bool writes = std::strpbrk(mode, "wa+") != nullptr;
-    const bool counted = writes && counts(path);
-    std::FILE* file = counted && fails() ? nullptr : real(fopen, name)(path, mode);
-    noteOpened(file == nullptr ? -1 : ::fileno(file), path, writes, counted);
-    return file;
-}
-
 } // namespace
 
 void follow(Faults* newPlan)
@@ -122,29 +105,25 @@ int open(const char* path, int flags, ...)
 {
     va_list more;
     va_start(more, flags);
-    const int file = openBy("open", path, flags, more);
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(more, mode_t) : 0;
     va_end(more);
-    return file;
-}
-
-int open64(const char* path, int flags, ...)
-{
-    va_list more;
-    va_start(more, flags);
-    const int file = openBy("open64", path, flags, more);
-    va_end(more);
-    return file;
+    const bool writes = (flags & O_ACCMODE) != O_RDONLY || (flags & (O_CREAT | O_TRUNC)) != 0;
+    const bool counted = writes && counts(path);
+    return counted && fails() ? -1 : noteOpened(real(open, "open")(path, flags, mode), path, writes, counted);
 }
 
 std::FILE* fopen(const char* path, const char* mode)
 {
-    return openStreamBy("fopen", path, mode);
+    const bool writes = std::strpbrk(mode, "wa+") != nullptr;
+    const bool counted = writes && counts(path);
+    std::FILE* file = counted && fails() ? nullptr : real(fopen, "fopen")(path, mode);
+    noteOpened(file == nullptr ? -1 : ::fileno(file), path, writes, counted);
+    return file;
 }
 
-std::FILE* fopen64(const char* path, const char* mode)
-{
-    return openStreamBy("fopen64", path, mode);
-}
+// Files of any size, which on this system is the same.
+[[gnu::alias("open")]] int open64(const char* path, int flags, ...);
+[[gnu::alias("fopen")]] std::FILE* fopen64(const char* path, const char* mode);
 
 ssize_t write(int file, const void* bytes, size_t count)
 {

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <fcntl.h>
 #include <functional>
 #include <limits>
@@ -17,37 +16,14 @@ using namespace std::string_literals;
 namespace
 {
 
-/// Runs as a program of its own beside this one.
-class OtherProgram
+/// Starts a program of its own beside this one.
+void startOther(const std::function<void()>& action)
 {
-public:
-    explicit OtherProgram(const std::function<void()>& action)
-        : process_(::fork())
-    {
-        if (process_ == 0) {
-            action();
-            ::_exit(0);
-        }
+    if (::fork() == 0) {
+        action();
+        ::_exit(0);
     }
-    ~OtherProgram()
-    {
-        ::kill(process_, SIGKILL);
-        ::waitpid(process_, nullptr, 0);
-    }
-    OtherProgram(const OtherProgram&) = delete;
-    OtherProgram& operator=(const OtherProgram&) = delete;
-
-    /// Whether it has not ended yet.
-    bool runs() const
-    {
-        siginfo_t ended = {};
-        ::waitid(P_PID, static_cast<id_t>(process_), &ended, WEXITED | WNOHANG | WNOWAIT);
-        return ended.si_pid == 0;
-    }
-
-private:
-    pid_t process_;
-};
+}
 
 class Programs : public testing::Test
 {
@@ -71,15 +47,13 @@ TEST_F(Programs, LoseNoKeyOfOneDescriptorAndTearNoFileThatBothReplace)
         }
     };
     WriteWholeFile(small, app.at("file"));
-    {
-        const OtherProgram first([&] { write("first", small); });
-        const OtherProgram second([&] { write("second", large); });
-        while (first.runs() || second.runs()) {
-            const std::string descriptor = ReadWholeFile(Descriptor());
-            ASSERT_TRUE(descriptor.starts_with(before) && descriptor.ends_with("\r\n")) << descriptor;
-            const std::string file = ReadWholeFile(app.at("file"));
-            ASSERT_TRUE(file == small + "\r\n" || file == large + "\r\n") << file.size() << " bytes";
-        }
+    startOther([&] { write("first", small); });
+    startOther([&] { write("second", large); });
+    for (int running = 2; running > 0; running -= ::waitpid(-1, nullptr, WNOHANG) > 0 ? 1 : 0) {
+        const std::string descriptor = ReadWholeFile(Descriptor());
+        ASSERT_TRUE(descriptor.starts_with(before) && descriptor.ends_with("\r\n")) << descriptor;
+        const std::string file = ReadWholeFile(app.at("file"));
+        ASSERT_TRUE(file == small + "\r\n" || file == large + "\r\n") << file.size() << " bytes";
     }
     for (const std::string section : {"first", "second"}) {
         for (int key = 1; key <= keys; ++key) {

@@ -4,7 +4,7 @@
 Usage: torture.py APPDIR PLUGINS LIBRARY [COUNT [SEED]]
 
 APPDIR is the runnable folder, of which a copy is used. PLUGINS is the folder of toolkit plugins that holds the
-hand, LIBRARY strikes at calls that change the disk. The author's deeds are done twice from the same files: first
+hands, LIBRARY strikes at calls that change the disk. The author's deeds are done twice from the same files: first
 undisturbed, then by one of COUNT lives that are killed, at a call or at any moment. The files must then be whole,
 those between two deeds of the first life, and no deed that was finished may be missing. Then the project is
 opened again, which may change no file and must sweep away what the killed program left. In more lives each call
@@ -21,25 +21,18 @@ from collections import Counter
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "tour"))
 
-from author import Author, line
+from author import LAST, SHORT, Author, press, write
 from bench import FAIL_ALL, FAIL_ONE, Bench
 from waiting import Missed
 
 LIVES_OF_A_PROJECT = 30  # then there is another, lest there be ever more to write
 
 
-def _short(content):
-    return content if content is None or len(content) < 200 else content[:100] + b"..." + content[-100:]
-
-
 def _torn(old, new, seen):
-    """The files that hold neither what they held nor what they will hold, and all three contents."""
-    torn = {}
-    for path in old.keys() | new.keys() | seen.keys():
-        contents = [files.get(path) for files in (old, new, seen)]
-        if contents[2] not in contents[:2] and not (path.endswith(".ini") and _is_between(*contents)):
-            torn[path] = [_short(content) for content in contents]
-    return torn
+    """The files that hold neither what they held nor what they will hold."""
+    return [path for path in old.keys() | new.keys() | seen.keys()
+            if seen.get(path) not in (old.get(path), new.get(path))
+            and not (path.endswith(".ini") and _is_between(*(files.get(path) for files in (old, new, seen))))]
 
 
 def _is_between(old, new, seen):
@@ -72,30 +65,29 @@ class Torture:
         shutil.rmtree(self._projects, ignore_errors=True)
         self.counts["projects"] += 1
         self._project = f"Vallée {self.counts['projects']}"
-        life = self._bench.begin_life()
-        life.do([line("press", "Acc/Label2"), line("set", "nouvprojet/Text1", self._project),
-                 line("press", "nouvprojet/=Create!"), *self._author.add_variable()])
+        self._bench.begin_life()
+        self._bench.do(press("Acc/Label2") + write("nouvprojet/Text1", self._project) + press("nouvprojet/Command1")
+                       + self._author.add_variable())
         self._bench.end_life()
 
     def _open(self):
         """Begins a life with the project open."""
         before, leftovers = self._look(), self._leftovers()
-        life = self._bench.begin_life()
-        life.do([line("press", "Acc/Label3"), line("twice", "openp/Dir1"), line("press", "openp/Command1"),
-                 line("see", f"Controlpanel/={self._project}")])
+        self._bench.begin_life()
+        self._bench.do(press("Acc/Label3") + press("openp/Dir1", LAST) + press("openp/Dir1", LAST, pause=SHORT)
+                       + press("openp/Command1") + press("mapeditor/Frame2"))
         if self._look() != {path: seen for path, seen in before.items() if path not in leftovers}:
             raise Missed(f"opening a project changes no file but sweeps {leftovers}, all of them")
-        return life
 
     def _states(self, deeds):
         """The files before and after each deed of a life that nothing disturbs, from which they come back."""
         self._boot.unlink(missing_ok=True)
-        life = self._open()
+        self._open()
         shutil.rmtree(self._kept, ignore_errors=True)
         shutil.copytree(self._projects, self._kept)
         states = [self._files()]
         for deed in deeds:
-            life.do(deed)
+            self._bench.do(deed)
             states.append(self._files())
         self._bench.end_life()
         return states
@@ -109,29 +101,26 @@ class Torture:
         deeds = [self._author.any_deed() for _ in range(self._rng.randrange(1, 7))]
         states = self._states(deeds)
         self._bring_back()
-        life = self._open()
-        opened = life.told
+        self._open()
         how = "killed at a call" if self._rng.random() < 0.7 else "killed at a moment"
         self.counts[how] += 1
         if how == "killed at a call":
             self._bench.faults.strike(self._rng.randrange(1, 60))
-        life.tell(list(itertools.chain(*deeds)))
-        if how == "killed at a moment" or life.finish():  # which may be after the work
+        self._bench.begin(deeds)
+        if how == "killed at a moment" or self._bench.finish():  # which may be after the work
             time.sleep(self._rng.random() ** 2 * 0.1)
         self._bench.faults.spare()
         self._bench.end_life()
-        life.finish()
+        self._bench.finish()
         self.counts["killed within a write"] += len(self._leftovers())
-        ends = itertools.accumulate(map(len, deeds), initial=opened)
-        self._check(states, finished=sum(end <= life.done for end in ends) - 1)
+        self._check(states, self._bench.done)
 
     def _check(self, states, finished):
         """The files must be those at or between two states, and so many deeds done at least."""
         pairs = zip(states[finished:], [*states[finished + 1:], states[-1]])
         torn = [_torn(old, new, self._files()) for old, new in pairs]
         if all(torn):
-            raise Missed(f"{finished} deeds are done and all is whole (but files hold the third of these, not "
-                         f"the first or the second: {torn[0]})")
+            raise Missed(f"{finished} deeds are done and all is whole (torn are {torn[0]})")
 
     def fail_at_every_call(self, kind):
         """A call of a click fails, or all from it on: nothing is torn or told, and the next click saves all."""
@@ -139,14 +128,14 @@ class Torture:
         before, clicked, saved = self._states([click, next_click])
         for call in itertools.count(1):
             self._bring_back()
-            life = self._open()
+            self._open()
             self._bench.faults.strike(call, kind)
-            life.do(click)
+            self._bench.do(click)
             struck = self._bench.faults.spare()
             torn, left = _torn(before, clicked, self._files()), self._leftovers()
             if torn or left:
                 raise Missed(f"a failure at call {call} tears and leaves nothing (there are {torn} and {left})")
-            life.do(next_click)
+            self._bench.do(next_click)
             if self._files() != saved:
                 raise Missed(f"the next click saves everything after a failure at call {call}")
             self._bench.end_life()

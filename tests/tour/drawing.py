@@ -23,6 +23,10 @@ def middle_of(cell):
     return (column - 1) * _CELL[0] + _CELL[0] // 2, (row - 1) * _CELL[1] + _CELL[1] // 2
 
 
+def cell_at(x, y):
+    return y // _CELL[1] + 1, x // _CELL[0] + 1
+
+
 def click_cell(tour, cell):
     tour.program.click(GRID, *middle_of(cell))
 

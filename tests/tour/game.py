@@ -17,7 +17,6 @@ TILE = (28, 29)
 MAP_LEFT, MAP_TOP = 2, 36
 TALK_BOX = (8, 180)
 MENU = (120, 56)
-LETTERS = (255, 255, 255)
 
 
 def _part(frame, cell):
@@ -27,7 +26,7 @@ def _part(frame, cell):
 
 class Game:
     def __init__(self, player, project):
-        self._images = project.folder / "images"
+        self.process, self._images = player, project.folder / "images"
         self._window = int(wait_for("the player opens its window", lambda: self._windows_of(player))[-1])
         focus(self._window)
         lines = xdotool("getwindowgeometry", "--shell", self._window).splitlines()
@@ -66,18 +65,20 @@ class Game:
     def ask_to_close(self):
         ask_to_close(self._window)
 
-    def _await_panel(self, what, panel, corner, least):
+    def _await_panel(self, name, corner):
         """Waits for a picture over which something stands, but not too much."""
-        def shown(frame):
-            return least < picture.share_of(panel, picture.part(frame, (*corner, *panel.size))) < 1
+        panel = self._picture(f"System/{name}")
 
-        self._await_frame(what, shown)
+        def shown(frame):
+            return 0.8 < picture.share_of(panel, picture.part(frame, (*corner, *panel.size))) < 1
+
+        self._await_frame(name, shown)
 
     def await_title(self):
-        self._await_panel("its title with a menu", self._picture("System/menuprinc"), (0, 0), 0.9)
+        self._await_panel("menuprinc", (0, 0))
 
     def await_menu(self):
-        self._await_panel("its menu", self._picture("System/menuingame"), MENU, 0.8)
+        self._await_panel("menuingame", MENU)
 
     def await_map(self, model):
         """Waits until all cells of a map show their tiles; the hero may stand on two of them."""
@@ -112,8 +113,7 @@ class Game:
         seen = picture.part(frame, (*TALK_BOX, *box.size))
         inner = (10, 10, box.width - 20, 60)
         letters, empty = picture.part(seen, inner), picture.part(box, inner)
-        written = picture.count(letters, LETTERS) > picture.count(empty, LETTERS) + 50
-        return letters if written and picture.share_of(box, seen) >= 0.8 else None
+        return letters if letters != empty and picture.share_of(box, seen) >= 0.8 else None
 
     def await_text(self, other_than=None):
         """Waits for a talk box with letters in it, and answers them as a picture."""

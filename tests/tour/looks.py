@@ -13,7 +13,6 @@ from program import Program, xdotool
 from stage import SCREEN, Stage
 from waiting import wait_for
 
-TIME_LIMIT = 280  # seconds for all of them, of which a quick machine needs a small part
 SAMPLE = "A Letter for the Moon"
 _THEMES = {"light": "Adwaita", "dark": "Adwaita:dark"}
 _SCALES = {1: "", 2: "-2x"}

@@ -32,11 +32,6 @@ def still(look):
     return seen
 
 
-def count(picture, color):
-    """How many pixels have a colour, given as three numbers."""
-    return list(picture.getdata()).count((*color, 255))
-
-
 def share_of(wanted, seen):
     """Which part, 0 to 1, of the opaque pixels of a picture is seen in one of the same size."""
     pairs = [(pixel, other) for pixel, other in zip(wanted.getdata(), seen.getdata()) if pixel[3] == 255]

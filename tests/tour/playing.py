@@ -1,27 +1,34 @@
 """The station where the game runs in its player, and does what was drawn and written."""
 
+import os
+
 from drawing import LANDING, START, TALK
 from game import Game
 from waiting import require, wait_for
 
 
-def play_game(tour):
+def start_game(tour):
+    """Runs the game from the control panel and answers it as it begins."""
     tour.program.click("Controlpanel/Label9_3")
-    player = wait_for("the player starts", tour.stage.players)[0]
-    game = Game(player, tour.project)
+    game = Game(wait_for("the player starts", tour.stage.players)[0], tour.project)
     game.await_title()
-    tour.show_game(game, "game-title")
+    tour.show("game-title", look=game.frame)
     game.press("x")
+    return game
+
+
+def play_game(tour):
+    game = start_game(tour)
     for part in (_walk_to_talk, _leap, _read_sign, _walk_through_door, _make_mistake, _save):
         part(tour, game)
     game.ask_to_close()
-    require(tour.stage.exit_code_of(player) == 0, "the player ends with 0")
+    require(os.waitpid(game.process, 0)[1] == 0, "the player ends with 0")
 
 
 def _read(tour, game, name, other_than=None):
     """Awaits a text, shows it and leaves it."""
     text = game.await_text(other_than)
-    tour.show_game(game, name)
+    tour.show(name, look=game.frame)
     game.press("x")
     return text
 
@@ -31,7 +38,7 @@ def _walk_to_talk(tour, game):
     game.await_map(tour.maps["01"])
     game.await_hero("face", START)
     game.walk_against("Left", START, "gauche")
-    tour.show_game(game, "game-map")
+    tour.show("game-map", look=game.frame)
     with game.holding("Right"):
         game.await_text()
     first = _read(tour, game, "game")
@@ -39,14 +46,14 @@ def _walk_to_talk(tour, game):
     _read(tour, game, "game-condition")
     game.await_no_text()
     game.await_hero("droite", TALK)
-    tour.show_game(game, "game-life")
+    tour.show("game-life", look=game.frame)
 
 
 def _leap(tour, game):
     """The next cell takes the hero to another one, where a block ends the way of the held key."""
     with game.holding("Right"):
         game.await_hero("droite", LANDING)
-    tour.show_game(game, "game-leap")
+    tour.show("game-leap", look=game.frame)
 
 
 def _read_sign(tour, game):
@@ -64,7 +71,7 @@ def _walk_through_door(tour, game):
     game.press("Left")
     game.await_map(tour.maps["02"])
     game.await_hero("gauche", tour.maps["02"].start)
-    tour.show_game(game, "game-second-map")
+    tour.show("game-second-map", look=game.frame)
 
 
 def _make_mistake(tour, game):
@@ -79,7 +86,7 @@ def _save(tour, game):
     """A saved game makes the title offer to go on with it."""
     game.press("Escape")
     game.await_menu()
-    tour.show_game(game, "game-menu")
+    tour.show("game-menu", look=game.frame)
     game.press("Down")
     game.press("x")
     game.await_text()
@@ -91,4 +98,4 @@ def _save(tour, game):
     game.press("Up")
     game.press("x")
     game.await_title()
-    tour.show_game(game, "game-continue")
+    tour.show("game-continue", look=game.frame)

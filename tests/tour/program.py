@@ -117,6 +117,10 @@ class Program:
     def type_into(self, path, text):
         """Replaces the text of a field by typing."""
         self.click(path)
+        self.replace_text(path, text)
+
+    def replace_text(self, path, text):
+        """The same in the field that has the keys."""
         xdotool("key", "ctrl+a")
         xdotool("type", "--delay", 20, text)
         self.await_caption(path, text)

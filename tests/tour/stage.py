@@ -126,8 +126,3 @@ class Stage:
                 return False
 
         return [int(process.name) for process in Path("/proc").glob("[0-9]*") if runs_player(process)]
-
-    @staticmethod
-    def exit_code_of(player):
-        """Waits for the end of a player and answers its exit code."""
-        return os.waitstatus_to_exitcode(os.waitpid(player, 0)[1])

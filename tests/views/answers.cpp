@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QClipboard>
-#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -42,27 +41,13 @@ std::string describe(const QDialog& dialog)
     return (text + buttonsOf(dialog)).toStdString();
 }
 
-void press(const QDialog& dialog, QDialogButtonBox::StandardButton button)
+void press(QDialog& dialog, Answers::Reply reply)
 {
-    QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
-}
-
-void reply(QDialog& dialog, Answers::Reply reply)
-{
-    switch (reply) {
-    case Answers::Reply::Ok:
-        return press(dialog, QDialogButtonBox::Ok);
-    case Answers::Reply::Yes:
-        return press(dialog, QDialogButtonBox::Yes);
-    case Answers::Reply::No:
-        return press(dialog, QDialogButtonBox::No);
-    case Answers::Reply::Cancel:
-        return press(dialog, QDialogButtonBox::Cancel);
-    case Answers::Reply::Escape:
+    if (reply == Answers::Reply::Escape) {
         return QTest::keyClick(&dialog, Qt::Key_Escape);
-    case Answers::Reply::CloseBox:
-        dialog.close();
     }
+    const auto button = static_cast<QDialogButtonBox::StandardButton>(reply);
+    QTest::mouseClick(dialog.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
 }
 
 } // namespace
@@ -74,35 +59,15 @@ Answers::Answers()
     look_.start(lookInterval);
 }
 
-void Answers::message(const std::string& text)
-{
-    box("[Questforge] " + text + " (OK)", Reply::Ok);
-}
-
-void Answers::stop(const std::string& text)
-{
-    box("stop [Questforge] " + text + " (OK)", Reply::Ok);
-}
-
 void Answers::box(const std::string& description, Reply reply)
 {
     awaited_.push_back({description, reply, {}});
 }
 
-void Answers::question(const std::string& text, Reply reply)
-{
-    box("[Questforge] " + text + " (No Yes)", reply);
-}
-
 void Answers::line(const std::string& prompt, const std::string& answer, Reply reply)
 {
-    line(prompt, reply);
-    awaited_.back().typed = answer;
-}
-
-void Answers::line(const std::string& prompt, Reply reply)
-{
     box("[Questforge] " + prompt + " <> (Cancel OK)", reply);
+    awaited_.back().typed = answer;
 }
 
 void Answers::allCame()
@@ -139,5 +104,5 @@ void Answers::answer(QDialog& dialog)
         QApplication::clipboard()->setText(QString::fromStdString(next.typed));
         QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_V, Qt::ControlModifier);
     }
-    reply(dialog, next.reply);
+    press(dialog, next.reply);
 }

@@ -3,7 +3,6 @@
 
 #include "maps/tilepalette.h"
 
-#include <functional>
 #include <QAccessible>
 #include <QRadioButton>
 #include <QTest>
@@ -16,7 +15,6 @@ protected:
     Grid()
     {
         addTiles("01", 7);
-        addTiles("02", 60);
         app.write("projets/demo/map01.map", savedMap("1508", grid({{2, 5, '3'}})));
         app.write("projets/demo/map01.ev", savedBlocks(grid({{2, 5, '1'}})));
         app.write("projets/demo/ev/map01/ev25", "\r\nline\r\n");
@@ -58,32 +56,27 @@ protected:
 
 TEST_F(Grid, MarksLieOverThePictureAndNeverInIt)
 {
-    const auto expectMark = [&](int row, int column, const std::function<void()>& mark,
-                                const std::function<void()>& unmark) {
-        SCOPED_TRACE(column);
-        awaitRedraw(*map);
-        const QImage before = cell(*map, row, column);
-        EXPECT_FALSE(isMarked(row, column));
-        mark();
-        awaitRedraw(*map);
-        EXPECT_TRUE(isMarked(row, column));
-        EXPECT_EQ(cell(*map, row, column), before);
-        unmark();
-        EXPECT_FALSE(isMarked(row, column));
-    };
-    const auto toConfiguration = [&] { control(*map, "Choixtext").setFocus(); };
-    const auto openCell = [&] {
-        pressCell(*map, 3, 6);
-        toConfiguration();
-    };
-    expectMark(
-        3, 4, [&] { point(3, 4); }, [&] { point(4, 4); });
-    expectMark(
-        1, 2, [&] { walk({Qt::Key_Right}); }, toConfiguration);
-    expectMark(
-        2, 5, [&] { click(*map, "Option1_2"); }, [&] { click(*map, "Option1_0"); });
+    awaitRedraw(*map);
+    const QImage before = picture->grab().toImage();
+    point(3, 4);
+    EXPECT_TRUE(isMarked(3, 4));
+    point(4, 4);
+    EXPECT_FALSE(isMarked(3, 4));
+    walk({Qt::Key_Right});
+    EXPECT_TRUE(isMarked(1, 2));
+    control(*map, "Choixtext").setFocus();
+    EXPECT_FALSE(isMarked(1, 2));
+    EXPECT_FALSE(isMarked(2, 5));
     click(*map, "Option1_2");
-    expectMark(3, 6, openCell, [&] { click(*map, "Command20"); });
+    EXPECT_TRUE(isMarked(2, 5)); // an event
+    pressCell(*map, 3, 6);
+    EXPECT_TRUE(isMarked(3, 6)); // the open cell
+    awaitRedraw(*map);
+    EXPECT_EQ(picture->grab().toImage(), before);
+    click(*map, "Command20");
+    EXPECT_FALSE(isMarked(3, 6));
+    click(*map, "Option1_0");
+    EXPECT_FALSE(isMarked(2, 5));
 }
 
 TEST_F(Grid, TheHerosStartIsTheNextCellClickedAndMarked)
@@ -99,8 +92,6 @@ TEST_F(Grid, TheHerosStartIsTheNextCellClickedAndMarked)
     EXPECT_FALSE(isVisible(*map, "Frame6")); // the mode's action did not run
     EXPECT_FALSE(isMarked(8, 15));
     EXPECT_TRUE(isMarked(2, 15));
-    saveMap();
-    EXPECT_EQ(tiles(), savedMap("1502", grid({{2, 5, '3'}})));
 }
 
 TEST_F(Grid, EventsAreMarkedAnewAfterTheyAreSavedOrReset)
@@ -111,14 +102,12 @@ TEST_F(Grid, EventsAreMarkedAnewAfterTheyAreSavedOrReset)
     EXPECT_TRUE(isMarked(2, 6));
     reset();
     EXPECT_FALSE(isMarked(2, 5));
-    EXPECT_FALSE(isMarked(2, 6));
     app.write("projets/demo/ev/map01/ev33", "\r\nline\r\n");
     click(*map, "Option1_0");
     click(*map, "Option1_2");
     EXPECT_TRUE(isMarked(3, 3));
     doubleClickLine(view("Controlpanel"), "List1", 0);
     addEvent(view("mapeditor"), 4, 4);
-    EXPECT_FALSE(isMarked(4, 4));
     activate(*map);
     EXPECT_TRUE(isMarked(4, 4));
 }
@@ -143,9 +132,6 @@ TEST_F(Grid, ATileOfThePaletteIsChosenAsByTheChooser)
     }
     pickTile(8); // there is none
     EXPECT_EQ(chosen(), 6);
-    pressCell(*map, 1, 1);
-    EXPECT_EQ(tiles(), savedMap("1508", grid({{1, 1, '5'}, {2, 5, '3'}})));
-
     keys(palette(), {Qt::Key_Home, Qt::Key_Right, Qt::Key_Right, Qt::Key_Up});
     EXPECT_EQ(chosen(), 3);
     keys(palette(), {Qt::Key_Left, Qt::Key_Left, Qt::Key_Down, Qt::Key_Down});
@@ -156,17 +142,12 @@ TEST_F(Grid, ATileOfThePaletteIsChosenAsByTheChooser)
 
 TEST_F(Grid, ThePaletteFollowsTheTilesetAndTheChooser)
 {
-    const auto shownAt = [&](int tile) {
-        const QPixmap shown = palette().viewport()->grab(palette().placeOf(tile));
-        return shown.toImage().convertToFormat(QImage::Format_RGB32);
-    };
-    EXPECT_EQ(shownAt(7), tile("01", 7));
+    addTiles("02", 60);
     WriteIni("Carte01", "texture", "02", Descriptor());
     awaitRedraw(*map);
-    EXPECT_EQ(shownAt(7), tile("02", 7));
     chooseTile(60); // which was out of sight
-    EXPECT_TRUE(palette().viewport()->rect().contains(palette().placeOf(60)));
-    EXPECT_EQ(shownAt(60), tile("02", 60));
+    const QPixmap shown = palette().viewport()->grab(palette().placeOf(60));
+    EXPECT_EQ(shown.toImage().convertToFormat(QImage::Format_RGB32), tile("02", 60));
     pickTile(58);
     EXPECT_EQ(chosen(), 58);
 }
@@ -176,18 +157,11 @@ TEST_F(Grid, KeysWalkTheGridAndClickTheirCell)
     chooseTile(2);
     walk({Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Left, Qt::Key_Space});
     EXPECT_EQ(tiles(), savedMap("1508", grid({{2, 1, '1'}, {2, 5, '3'}})));
-    for (int step = 0; step < 9; ++step) {
-        keys(*picture, {Qt::Key_Down});
-    }
-    EXPECT_EQ(foot(), "Row 9, column 1: tile 1");
-    EXPECT_TRUE(isMarked(9, 1));
     click(*map, "Option1_1");
-    walk({Qt::Key_Up, Qt::Key_End, Qt::Key_Return});
-    EXPECT_EQ(blocks(), savedBlocks(grid({{2, 5, '1'}, {8, 17, '1'}})));
-    EXPECT_EQ(foot(), "Row 8, column 17: tile 1, blocked");
-    click(*map, "Option1_2");
-    walk({Qt::Key_Enter});
-    EXPECT_EQ(text(*map, "co"), "17");
+    pressCell(*map, 8, 16);
+    walk({Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return});
+    EXPECT_EQ(foot(), "Row 9, column 17: tile 1, blocked");
+    EXPECT_TRUE(isMarked(9, 17));
 }
 
 TEST_F(Grid, IsATableOfCellsForScreenReaders)
@@ -200,7 +174,6 @@ TEST_F(Grid, IsATableOfCellsForScreenReaders)
     EXPECT_EQ(second->rect(), QRect(picture->mapToGlobal(QPoint(4 * 28, 29)), QSize(28, 29)));
     EXPECT_EQ(table->childAt(second->rect().center().x(), second->rect().center().y()), second);
     EXPECT_EQ(table->indexOfChild(second), 17 + 4);
-    EXPECT_EQ(second->parent(), table);
     walk({Qt::Key_Down});
     EXPECT_EQ(table->focusChild(), table->child(17));
     EXPECT_TRUE(table->child(17)->state().focused);
@@ -212,13 +185,11 @@ TEST_F(Grid, IsATableOfCellsForScreenReaders)
 
 TEST_F(Grid, ThePaletteIsAValueForScreenReaders)
 {
-    QAccessibleInterface* tiles = QAccessible::queryAccessibleInterface(&palette());
-    QAccessibleValueInterface* value = tiles->valueInterface();
+    QAccessibleValueInterface* value = QAccessible::queryAccessibleInterface(&palette())->valueInterface();
     ASSERT_NE(value, nullptr);
     EXPECT_EQ(value->maximumValue(), 7);
     for (const auto& [wanted, found] : {std::pair{6, 6}, {8, 6}, {0, 6}, {1, 1}}) {
         value->setCurrentValue(wanted);
         EXPECT_EQ(value->currentValue(), found);
-        EXPECT_EQ(chosen(), found);
     }
 }

@@ -15,17 +15,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
-
-std::string focused()
-{
-    const QWidget* control = QApplication::focusWidget();
-    return control == nullptr ? "nothing" : control->objectName().toStdString();
-}
-
-} // namespace
-
 class Keys : public Program
 {
 protected:
@@ -37,29 +26,18 @@ protected:
     /// Presses a key where the focus is.
     void press(QKeyCombination keys) const
     {
-        QWidget* control = QApplication::focusWidget();
-        QTest::keyClick(control == nullptr ? mainform.get() : control, keys.key(), keys.keyboardModifiers());
+        QTest::keyClick(QApplication::focusWidget(), keys.key(), keys.keyboardModifiers());
         settle();
     }
-    std::string active() const
+    /// The control that has the keys, in its view.
+    std::string focused() const
     {
         const QMdiSubWindow* window = control<QMdiArea>(*mainform, "WorkArea").activeSubWindow();
-        return window->widget()->objectName().toStdString();
+        const QWidget* control = QApplication::focusWidget();
+        const QString view = window->widget()->objectName();
+        return (view + u'/' + (control == nullptr ? u"nothing"_s : control->objectName())).toStdString();
     }
 };
-
-TEST_F(Keys, AViewOpensWithTheKeysOnItsFirstControl)
-{
-    EXPECT_EQ(focused(), "Label2");
-    mainform->showNouvprojet();
-    EXPECT_EQ(focused(), "Text1");
-    mainform->showOpenp();
-    EXPECT_EQ(focused(), "Dir1");
-    open();
-    EXPECT_TRUE(view("mapeditor").isAncestorOf(QApplication::focusWidget())) << focused();
-    mainform->showControlpanel();
-    EXPECT_EQ(focused(), "Label9_0");
-}
 
 TEST_F(Keys, LeadFromViewToViewAndBackToTheControlLeftAndCloseViews)
 {
@@ -68,19 +46,18 @@ TEST_F(Keys, LeadFromViewToViewAndBackToTheControlLeftAndCloseViews)
     mainform->openCombateditor();
     mainform->openCombateditor();
     const std::pair<QKeyCombination, const char*> steps[] = {
-        {Qt::CTRL | Qt::Key_Tab, "Controlpanel"},
-        {Qt::CTRL | Qt::Key_F6, "mapeditor"},
-        {Qt::CTRL | Qt::Key_Tab, "combateditor"},
-        {Qt::CTRL | Qt::SHIFT | Qt::Key_F6, "mapeditor"},
-        {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, "Controlpanel"},
-        {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, "combateditor"},
-        {Qt::CTRL | Qt::Key_W, "Controlpanel"}, // the one before it
-        {Qt::CTRL | Qt::SHIFT | Qt::Key_F6, "combateditor"},
-        {Qt::CTRL | Qt::Key_F4, "Controlpanel"}};
+        {Qt::CTRL | Qt::Key_Tab, "Controlpanel/Label9_0"},
+        {Qt::CTRL | Qt::Key_F6, "mapeditor/Text1"},
+        {Qt::CTRL | Qt::Key_Tab, "combateditor/HScroll1"},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_F6, "mapeditor/Text1"},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, "Controlpanel/Label9_0"},
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, "combateditor/HScroll1"},
+        {Qt::CTRL | Qt::Key_W, "Controlpanel/Label9_0"}, // the one before it
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_F6, "combateditor/HScroll1"},
+        {Qt::CTRL | Qt::Key_F4, "Controlpanel/Label9_0"}};
     for (const auto& [key, leadsTo] : steps) {
         press(key);
-        EXPECT_EQ(active(), leadsTo);
-        EXPECT_EQ(focused() == "Text1", active() == "mapeditor") << focused();
+        EXPECT_EQ(focused(), leadsTo);
     }
     EXPECT_EQ(findView("combateditor"), nullptr);
 }
@@ -90,44 +67,37 @@ TEST_F(Keys, LayViewsSideBySideAndOneOverTheOther)
     open();
     mainform->openMap("01");
     view("mapeditor").parentWidget()->setWindowState(Qt::WindowMaximized);
-    mainform->openCombateditor();
     const auto place = [this](std::size_t i) { return views("mapeditor")[i]->parentWidget()->geometry(); };
-    const QSize size = place(0).size();
     press(Qt::CTRL | Qt::SHIFT | Qt::Key_T);
     EXPECT_FALSE(place(0).intersects(place(1)));
-    EXPECT_EQ(place(1).size(), size);
+    EXPECT_EQ(place(1).size(), place(0).size());
     press(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
     EXPECT_TRUE(place(0).intersects(place(1)));
     EXPECT_NE(place(0).topLeft(), place(1).topLeft());
 }
 
-TEST(Arrangement, TilesWithoutOverlapWithinTheWidthAsHighUpAsTheyFit)
+TEST(Arrangement, TilesAsHighUpAsTheyFitAndCascadesToTheEndsOfTheArea)
 {
-    const QSize area(1000, 600);
+    using Places = std::vector<QPoint>;
     const std::vector<QSize> views = {{200, 500}, {700, 300}, {90, 80}, {300, 200}, {1200, 100}, {400, 200}};
-    const std::vector<QPoint> expected = {{0, 0}, {200, 0}, {900, 0}, {200, 300}, {0, 500}, {500, 300}};
-    EXPECT_EQ(tiled(views, area), expected);
-}
-
-TEST(Arrangement, CascadesToTheEndsOfTheAreaAndBeginsAgainAtTheTopOrTheLeft)
-{
-    const std::vector<QSize> views(4, {300, 200});
-    EXPECT_EQ(cascaded(views, {1000, 260}), (std::vector<QPoint>{{0, 0}, {28, 28}, {56, 56}, {84, 0}}));
-    EXPECT_EQ(cascaded(views, {340, 260}), (std::vector<QPoint>{{0, 0}, {28, 28}, {0, 56}, {28, 0}}));
+    const Places side = {{0, 0}, {200, 0}, {900, 0}, {200, 300}, {0, 500}, {500, 300}};
+    EXPECT_EQ(tiled(views, {1000, 600}), side);
+    const std::vector<QSize> alike(4, {300, 200}); // which begin again at the top or the left
+    EXPECT_EQ(cascaded(alike, {1000, 260}), (Places{{0, 0}, {28, 28}, {56, 56}, {84, 0}}));
+    EXPECT_EQ(cascaded(alike, {340, 260}), (Places{{0, 0}, {28, 28}, {0, 56}, {28, 0}}));
 }
 
 TEST_F(Keys, TheMenuBarIsReachedAndLeft)
 {
-    mainform->showOpenp();
     for (const Qt::Key key : {Qt::Key_Alt, Qt::Key_F10}) {
+        mainform->showOpenp();
         press(key);
         ASSERT_TRUE(mainform->menuBar()->hasFocus()) << key;
         press(Qt::Key_Escape);
-        EXPECT_EQ(focused(), "Dir1");
+        EXPECT_EQ(focused(), "openp/Dir1");
         press(key);
         press(Qt::Key_Return);
         EXPECT_TRUE(isShown("Acc"));
-        mainform->showOpenp();
     }
 }
 
@@ -149,7 +119,6 @@ TEST_F(ListKeys, ChooseBySpaceAndEnterAndOpenByEnter)
 {
     keys(list, {Qt::Key_Return, Qt::Key_Down, Qt::Key_Down}); // nothing is selected at first
     EXPECT_EQ(told, "");
-    EXPECT_EQ(list.selectedRow(), 1);
     keys(list, {Qt::Key_Space, Qt::Key_Return});
     EXPECT_EQ(told, "11o");
 }
@@ -170,33 +139,15 @@ TEST_F(ListKeys, MayChooseByEachStepToAnotherLine)
     list.chooseBySteps();
     keys(list, {Qt::Key_Down, Qt::Key_Up, Qt::Key_Down, Qt::Key_End, Qt::Key_Down, Qt::Key_Home});
     EXPECT_EQ(told, "0120");
-    list.clear();
-    keys(list, {Qt::Key_Down});
-    EXPECT_EQ(told, "0120");
-}
-
-TEST_F(Keys, AStepInTheListOfVariablesAsksForTheNewValue)
-{
-    open();
-    WriteIni("Variables", "nombre", "2", Descriptor());
-    const QWidget& map = view("mapeditor");
-    click(map, "Option1_2");
-    pressCell(map, 1, 1);
-    click(map, "Command18");
-    auto& list = control<LineList>(*map.findChild<QWidget*>("Frame8"_L1), "List1");
-    answers.line("Taper la nouvelle valeur de la variable : ", "7");
-    keys(list, {Qt::Key_Down});
-    EXPECT_EQ(lines(map, "listev"), std::vector<std::string>{"var[1] = \"7\""});
-    EXPECT_FALSE(isVisible(map, "Frame8"));
 }
 
 TEST_F(Keys, EnterOpensAComboBoxAndOnlyOnce)
 {
     sendtopsp form(*mainform);
+    auto& drives = control<QComboBox>(form, "Drive1");
     form.show();
     form.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-    auto& drives = control<QComboBox>(form, "Drive1");
     drives.setFocus();
     QTest::simulateEvent(&drives, true, Qt::Key_Return, {}, u"\r"_s, true);
     EXPECT_FALSE(drives.view()->isVisible());

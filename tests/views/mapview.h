@@ -14,10 +14,10 @@ protected:
         app.makeProject();
     }
 
-    /// Opens a project; `map` is its view of map 01 from now on.
-    void open(const std::string& project = "demo")
+    /// Opens the project; `map` is its view of map 01 from now on.
+    void open()
     {
-        openProject(project);
+        openProject("demo");
         map = &view("mapeditor");
     }
 

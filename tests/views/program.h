@@ -52,8 +52,6 @@ inline const std::string emptyValue =
     "conseillé de le redémarrer , si le problème persiste , contacter Marlowe sur le forum de "
     "www.questforge.example/forum";
 inline const std::string invalidMap = "Erreur : carte invalide";
-inline const std::string noMapMade =
-    "No map was made.\nThe number of maps in projet.ini is missing or not a number from 0 to 32767.";
 
 /// A control by its name; thrown when the view has none.
 template <class Control = QWidget> Control& control(const QWidget& within, const char* name)
@@ -67,11 +65,17 @@ template <class Control = QWidget> Control& control(const QWidget& within, const
 /// The text of a label, button, text box or frame, UTF-8.
 std::string text(const QWidget& within, const char* name);
 void setText(const QWidget& within, const char* name, const std::string& text);
-bool isVisible(const QWidget& within, const char* name);
+inline bool isVisible(const QWidget& within, const char* name)
+{
+    return control(within, name).isVisible();
+}
 
 /// Clicks a control, which must be visible.
 void click(QWidget& control);
-void click(const QWidget& within, const char* name);
+inline void click(const QWidget& within, const char* name)
+{
+    click(control(within, name));
+}
 /// Presses keys on a control.
 void keys(QWidget& control, std::initializer_list<Qt::Key> pressed);
 void moveBar(const QWidget& within, const char* name, int value);

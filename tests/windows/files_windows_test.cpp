@@ -1,7 +1,6 @@
 // The file rules that only this system has.
 #include "wholefile.h"
 
-#include "store/codepage.h"
 #include "store/leftovers.h"
 
 #include <windows.h>
@@ -27,12 +26,6 @@ HANDLE opened(const Path& path, DWORD access, DWORD share)
     return file;
 }
 
-/// As most programs open a file to read it: nobody may replace it meanwhile.
-HANDLE openToRead(const Path& path)
-{
-    return opened(path, GENERIC_READ, 0);
-}
-
 /// Waits for the file beside that holds the new bytes.
 void awaitFileBeside(const Path& folder)
 {
@@ -54,14 +47,14 @@ std::string rightsOf(const Path& path)
 
 TEST_F(WholeFile, ThatAnotherProgramHoldsOpenStays)
 {
-    const HANDLE reader = openToRead(app.at("file"));
+    const HANDLE reader = opened(app.at("file"), GENERIC_READ, 0);
     expectRefused(app.at("file"));
     ::CloseHandle(reader);
 }
 
 TEST_F(WholeFile, IsWrittenOnceAnotherProgramLetsGoOfIt)
 {
-    const HANDLE reader = openToRead(app.at("file"));
+    const HANDLE reader = opened(app.at("file"), GENERIC_READ, 0);
     std::jthread scanner([this, reader] {
         awaitFileBeside(app.path());
         ::Sleep(50); // until the first refusal; were it later, the test would hold all the same
@@ -78,26 +71,12 @@ TEST_F(WholeFile, IsReadWhileOthersWriteIt)
     ::CloseHandle(writer);
 }
 
-TEST_F(WholeFile, KeepsItsAttributesAndTheCaseOfItsName)
-{
-    for (const auto& [name, write] : waysToWrite) {
-        app.write("file", oldBytes);
-        ::SetFileAttributesW(app.at("file").c_str(), FILE_ATTRIBUTE_HIDDEN);
-        write(app.at("FILE"));
-        EXPECT_NE(app.read("file"), oldBytes) << name;
-        EXPECT_EQ(::GetFileAttributesW(app.at("file").c_str()) & FILE_ATTRIBUTE_HIDDEN,
-                  DWORD{FILE_ATTRIBUTE_HIDDEN})
-            << name;
-        EXPECT_FALSE(app.snapshot().contains("FILE")) << name;
-        ::SetFileAttributesW(app.at("file").c_str(), FILE_ATTRIBUTE_NORMAL);
-    }
-}
-
-TEST_F(WholeFile, KeepsItsAccessRights)
+TEST_F(WholeFile, KeepsItsAttributesItsAccessRightsAndTheCaseOfItsName)
 {
     PSECURITY_DESCRIPTOR onlyAdministrators = nullptr;
     ASSERT_TRUE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)", SDDL_REVISION_1,
                                                                        &onlyAdministrators, nullptr));
+    const auto attributes = [this] { return ::GetFileAttributesW(app.at("file").c_str()); };
     for (const auto& [name, write] : waysToWrite) {
         app.write("file", oldBytes);
         const std::string usual = rightsOf(app.at("file"));
@@ -105,8 +84,13 @@ TEST_F(WholeFile, KeepsItsAccessRights)
             ::SetFileSecurityW(app.at("file").c_str(), DACL_SECURITY_INFORMATION, onlyAdministrators));
         const std::string rights = rightsOf(app.at("file"));
         EXPECT_NE(rights, usual);
-        write(app.at("file"));
+        ::SetFileAttributesW(app.at("file").c_str(), FILE_ATTRIBUTE_HIDDEN);
+        write(app.at("FILE"));
+        EXPECT_NE(app.read("file"), oldBytes) << name;
+        EXPECT_EQ(attributes() & FILE_ATTRIBUTE_HIDDEN, DWORD{FILE_ATTRIBUTE_HIDDEN}) << name;
         EXPECT_EQ(rightsOf(app.at("file")), rights) << name;
+        EXPECT_FALSE(app.snapshot().contains("FILE")) << name;
+        ::SetFileAttributesW(app.at("file").c_str(), FILE_ATTRIBUTE_NORMAL);
         app.remove("file");
     }
     ::LocalFree(onlyAdministrators);
@@ -117,16 +101,6 @@ TEST_F(WholeFile, ADeviceIsNeitherReadNorReplaced)
     for (const std::string_view name : {"NUL", "CON"}) {
         expectNoFile(app.at(name));
     }
-}
-
-TEST_F(WholeFile, ReasonsAreToldInTheCodePage)
-{
-    if (PRIMARYLANGID(::GetUserDefaultUILanguage()) != LANG_FRENCH) {
-        GTEST_SKIP() << "needs a system whose words have accents";
-    }
-    const std::error_code refused(ERROR_ACCESS_DENIED, std::system_category());
-    EXPECT_EQ(platform::systemWords(refused), "Accès refusé"_ansi);
-    EXPECT_EQ(platform::systemWords(std::make_error_code(std::errc::file_too_large)), "File too large");
 }
 
 TEST_F(WholeFile, EventFilesAreListedInSmallLetters)

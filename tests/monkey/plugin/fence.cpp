@@ -27,8 +27,8 @@ bool isBesideProgram(const std::string& name)
 
 } // namespace
 
-Fence::Fence(Path appDir, std::function<void(const std::string&)> report)
-    : appDir_(std::move(appDir))
+Fence::Fence(std::function<void(const std::string&)> report)
+    : appDir_(QCoreApplication::applicationDirPath().toStdString())
     , report_(std::move(report))
 {
     watching = this;
@@ -42,7 +42,7 @@ Fence::~Fence()
 
 void Fence::judge(const char* path)
 {
-    if (!watching->open_ && !watching->allows(std::filesystem::absolute(path).lexically_normal())) {
+    if (!watching->allows(std::filesystem::absolute(path).lexically_normal())) {
         watching->report_(path);
     }
 }

@@ -14,13 +14,10 @@ public:
 
     /// report: called with each path written that should not be, at that moment. Failure: crashes
     /// when the library that tells of writes was not loaded ahead.
-    Fence(Path appDir, std::function<void(const std::string&)> report);
+    explicit Fence(std::function<void(const std::string&)> report);
     ~Fence();
     Fence(const Fence&) = delete;
     Fence& operator=(const Fence&) = delete;
-
-    /// While it is open, all is allowed: the random user writes files by itself.
-    void setOpen(bool open) { open_ = open; }
 
 private:
     static void judge(const char* path);
@@ -29,5 +26,4 @@ private:
     Path appDir_;
     std::function<void(const std::string&)> report_;
     Path made_; ///< name of the project that the new-project view made last
-    bool open_ = false;
 };

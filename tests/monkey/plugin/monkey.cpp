@@ -1,16 +1,21 @@
-// A random user who lives inside the program and uses it step after step.
-#include "acts.h"
+// The random user's body, which lives inside the program and does what it is told.
 #include "fence.h"
 #include "hands.h"
 #include "sights.h"
-#include "vandal.h"
 
 #include <chrono>
-#include <cstdint>
 #include <fstream>
 #include <malloc.h>
+#include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QGenericPlugin>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLocalSocket>
+#include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPixmapCache>
 #include <unistd.h>
@@ -22,8 +27,6 @@ namespace
 {
 
 constexpr auto longestSilence = 250ms;
-constexpr unsigned longestStep = 60; // seconds
-constexpr QSize openingSize(1280, 720);
 
 /// How long this thread was ready but had to wait for a processor: no fault of the program's.
 std::chrono::nanoseconds processorDelay()
@@ -46,44 +49,70 @@ long heldMemory()
     return held * (::sysconf(_SC_PAGESIZE) / 1024);
 }
 
-/// What the person is told to do.
-struct Orders {
-    std::uint64_t seed = 0;
-    int first = 0;   ///< number of the first step
-    int last = 0;    ///< number of the last step
-    int rounds = 0;  ///< above 0: all steps so many times, without damage, all views closed after each time
-    std::string log; ///< file, appended to
-    Places places;
-};
+/// One step towards an empty work area: answers boxes, closes views.
+void tidyUp()
+{
+    QWidget* open = QApplication::activePopupWidget();
+    open = open == nullptr ? QApplication::activeModalWidget() : open;
+    const auto* question = qobject_cast<QMessageBox*>(open);
+    if (auto* yes = question == nullptr ? nullptr : question->button(QMessageBox::Yes)) {
+        yes->click();
+    } else if (open != nullptr) {
+        open->close();
+    } else if (auto* view = mainWindow()->findChild<QMdiSubWindow*>()) {
+        view->close();
+    }
+}
 
-/// Writes one line per step. A line that begins with "!" is a finding: a write where none belongs, or a hang,
-/// which is a time between two looks at the event loop, or an end of the program that nobody asked for.
+constexpr int lastRow = -2;
+
+/// A line of a list, or the whole control for row -1; of a menu bar its entry.
+QRect placeOn(QWidget& control, int row)
+{
+    if (const auto* bar = qobject_cast<QMenuBar*>(&control)) {
+        return bar->actionGeometry(bar->actions().first());
+    }
+    auto* list = qobject_cast<QAbstractItemView*>(&control);
+    if (list == nullptr || row == -1) {
+        return control.rect();
+    }
+    const int rows = list->model()->rowCount();
+    const QModelIndex index = list->model()->index(row == lastRow ? rows - 1 : row, 0);
+    list->scrollTo(index);
+    const QRect line = list->visualRect(index);
+    return {list->viewport()->mapTo(&control, line.topLeft()), line.size()};
+}
+
+Qt::MouseButton buttonOf(const QJsonValue& number)
+{
+    return static_cast<Qt::MouseButton>(number.toInt());
+}
+
+/// Its orders come line by line, each a JSON list; one is followed in a turn of the event loop, a box's as
+/// well. Unasked it says, after "?", which control is not there, and after "!" a finding: a write where none
+/// belongs, a hang, which is a time between two looks at the event loop, or an end of the program that nobody
+/// asked for.
 class Monkey : public QObject
 {
 public:
-    explicit Monkey(Orders orders);
+    explicit Monkey(const QString& socket);
 
 private:
     using Clock = std::chrono::steady_clock;
 
     void tick();
-    void live();
-    void step();
-    void endRound();
-    void end();
+    void obey(const QJsonArray& order);
+    void touch(const QString& deed, const QJsonArray& order, QWidget* control);
     void measureLateness();
     void noteReasonToEnd();
-    void log(const QString& line);
-    void find(const QString& what);
+    void say(const QString& line);
 
-    Orders orders_;
-    std::ofstream log_;
+    QLocalSocket brain_;
+    Sights sights_;
     Hands hands_;
     Fence fence_;
-    int step_ = 0;
-    int round_ = 1;
-    int quietLooks_ = 0; ///< since all views were closed
-    bool isDone_ = false;
+    int depth_ = 0;       ///< how many orders are at work: all but one wait for a box
+    bool works_ = false;  ///< what comes before the first order is the program's start
     bool mayEnd_ = false; ///< what was seen last is a reason to
     Clock::time_point lastLook_;
     std::chrono::nanoseconds lastDelay_{};
@@ -91,125 +120,116 @@ private:
 
 } // namespace
 
-Monkey::Monkey(Orders orders)
-    : orders_(std::move(orders))
-    , log_(orders_.log, std::ios::app)
-    , fence_(orders_.places.appDir,
-             [this](const std::string& path) { find(u"wrote "_s + QString::fromStdString(path)); })
-    , step_(orders_.first - 1)
+Monkey::Monkey(const QString& socket)
+    : fence_([this](const std::string& path) {
+        // by any thread
+        QMetaObject::invokeMethod(this, [=, this] { say(u"! wrote "_s + QString::fromStdString(path)); });
+    })
 {
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] {
         noteReasonToEnd();
-        mayEnd_ ? log(u"end"_s) : find(u"ended without a reason"_s);
+        if (!mayEnd_) {
+            say(u"! ended without a reason"_s);
+        }
     });
-    log(u"start"_s);
+    brain_.connectToServer(socket);
     tick();
 }
 
-/// The next look is ordered ahead of the step, so that it also comes inside a modal box that the step opens.
+/// The next look is ordered ahead of the deed, so that it also comes inside a modal box that the deed opens.
 void Monkey::tick()
 {
     QMetaObject::invokeMethod(
         this, [this] { tick(); }, Qt::QueuedConnection);
-    if (mainWindow() != nullptr && mainWindow()->isVisible() && !isDone_) {
+    if (mainWindow() != nullptr && mainWindow()->isVisible()) {
         measureLateness();
         noteReasonToEnd();
-        live();
-    }
-}
-
-void Monkey::live()
-{
-    const bool isOver = step_ == orders_.last;
-    if (isOver && orders_.rounds > 0) {
-        endRound();
-    } else if (hands_.areBusy()) {
-        hands_.goOn();
-    } else if (isOver) {
-        end();
-    } else {
-        step();
-    }
-}
-
-void Monkey::step()
-{
-    Chance chance(orders_.seed, static_cast<std::uint64_t>(++step_));
-    const bool rough = orders_.rounds == 0;
-    if (rough && chance.percent(3)) {
-        fence_.setOpen(true);
-        log(u"vandal "_s + QString::fromLatin1(spoilSomething(chance, orders_.places, openProject())));
-        fence_.setOpen(false);
-        lastLook_ = Clock::now(); // that was not the program's time
-    } else if (rough && chance.below(2000) == 0 && QApplication::activeModalWidget() == nullptr) {
-        log(u"close the main window"_s);
-        mainWindow()->close();
-    } else {
-        log(chooseAct(chance, hands_));
-    }
-}
-
-void Monkey::endRound()
-{
-    constexpr int looksToSettle = 100; // what was put off until the event loop is idle is then done
-    hands_.drop();
-    if (tidyUp()) {
-        quietLooks_ = 0;
-    } else if (++quietLooks_ == looksToSettle) {
-        log(u"round %1 ends with %2 KB"_s.arg(round_).arg(heldMemory()));
-        fence_.setOpen(true);
-        startOver(orders_.places);
-        fence_.setOpen(false);
-        mainWindow()->resize(openingSize);
-        quietLooks_ = 0;
-        step_ = orders_.first - 1;
-        if (++round_ > orders_.rounds) {
-            end();
+        const bool isBoxClosing = depth_ > 0 && !isBoxOpen(); // what opened it has to come to its end first
+        if (brain_.canReadLine() && !isBoxClosing) {
+            works_ = true;
+            ++depth_;
+            obey(QJsonDocument::fromJson(brain_.readLine()).array());
+            --depth_;
         }
     }
 }
 
-void Monkey::end()
+void Monkey::obey(const QJsonArray& order)
 {
-    isDone_ = true;
-    QCoreApplication::exit(0);
+    const QString deed = order[0].toString();
+    if (deed == "look"_L1) {
+        say(QString::fromUtf8(QJsonDocument(sights_.look()).toJson(QJsonDocument::Compact)));
+    } else if (deed == "move"_L1) {
+        hands_.move({order[1].toInt(), order[2].toInt()});
+    } else if (deed == "release"_L1) {
+        hands_.release(buttonOf(order[1]));
+    } else if (deed == "key"_L1) {
+        Hands::press(QKeySequence(order[1].toString())[0], order[2].toString());
+    } else if (deed == "type"_L1) {
+        Hands::press(Qt::Key_unknown, order[1].toString());
+    } else if (deed == "copy"_L1) {
+        QGuiApplication::clipboard()->setText(order[1].toString());
+    } else if (deed == "resize"_L1) {
+        mainWindow()->resize(order[1].toInt(), order[2].toInt());
+    } else if (deed == "tidy"_L1) {
+        tidyUp();
+    } else if (deed == "memory"_L1) {
+        say(QString::number(heldMemory()));
+    } else if (deed == "end"_L1) {
+        mayEnd_ = true;
+        QCoreApplication::exit(0);
+    } else if (QWidget* control = sights_.find(order[1])) {
+        touch(deed, order, control);
+    } else {
+        say(u"? no "_s + order[1].toString());
+    }
+}
+
+void Monkey::touch(const QString& deed, const QJsonArray& order, QWidget* control)
+{
+    if (deed == "push"_L1) {
+        hands_.push(control, placeOn(*control, order[2].toInt()), {order[3].toDouble(), order[4].toDouble()},
+                    buttonOf(order[5]), order[6].toInt());
+    } else if (deed == "set"_L1) {
+        control->setProperty(order[2].toString().toLatin1(), order[3].toVariant());
+    } else if (isBoxOpen()) {
+        return; // a person cannot arrange windows then
+    } else if (deed == "reach"_L1) {
+        bringIntoSight(control);
+    } else if (deed == "close"_L1) {
+        control->window() == control ? control->close() : control->parentWidget()->close();
+    } else if (deed == "arrange"_L1) {
+        control->parentWidget()->setWindowState(static_cast<Qt::WindowState>(order[2].toInt()));
+    }
 }
 
 void Monkey::measureLateness()
 {
     const auto now = Clock::now();
     const auto delay = processorDelay();
-    const bool isWorking = step_ >= orders_.first; // what comes before is the program's start
-    const auto silence = isWorking ? now - lastLook_ - (delay - lastDelay_) : Clock::duration();
+    const auto silence = works_ ? now - lastLook_ - (delay - lastDelay_) : Clock::duration();
     lastLook_ = now;
     lastDelay_ = delay;
     if (silence > longestSilence) {
-        find(u"hung for %1 ms"_s.arg(std::chrono::duration_cast<std::chrono::milliseconds>(silence).count()));
+        say(u"! hung for %1 ms"_s.arg(silence / 1ms));
     }
 }
 
 /// All is done, the main window was closed, or a project without maps was opened, as the last box said.
 void Monkey::noteReasonToEnd()
 {
-    if (isDone_ || mainWindow() == nullptr || !mainWindow()->isVisible()) {
+    if (mainWindow() == nullptr || !mainWindow()->isVisible()) {
         mayEnd_ = true;
     } else if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
         mayEnd_ = box->text().endsWith(u"Le programme va s'arrêter"_s);
     }
 }
 
-void Monkey::find(const QString& what)
+/// Out at once: the next order may be the program's last.
+void Monkey::say(const QString& line)
 {
-    log_ << "! ";
-    log(what);
-}
-
-/// Out at once: the next step may be the program's last. If there is no next one a signal ends it.
-void Monkey::log(const QString& line)
-{
-    ::alarm(longestStep);
-    QString plain = line;
-    log_ << step_ << ' ' << plain.replace(u'\n', u' ').replace(u'\r', u' ').toStdString() << std::endl;
+    brain_.write(line.toUtf8() + '\n');
+    brain_.flush();
 }
 
 /// The way into the program: the toolkit makes a generic plugin that the environment names.
@@ -219,15 +239,7 @@ class MonkeyPlugin : public QGenericPlugin
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "monkey.json")
 
 public:
-    /// orders: SEED;FIRST;LAST;ROUNDS;LOG;DATA
-    QObject* create(const QString&, const QString& orders) override
-    {
-        const QStringList pieces = orders.split(u';');
-        const Places places = {QCoreApplication::applicationDirPath().toStdString(),
-                               pieces.at(5).toStdString()};
-        return new Monkey({pieces.at(0).toULongLong(), pieces.at(1).toInt(), pieces.at(2).toInt(),
-                           pieces.at(3).toInt(), pieces.at(4).toStdString(), places});
-    }
+    QObject* create(const QString&, const QString& socket) override { return new Monkey(socket); }
 };
 
 #include "monkey.moc"

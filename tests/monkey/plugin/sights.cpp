@@ -4,11 +4,12 @@
 #include <array>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QJsonArray>
 #include <QLabel>
 #include <QMainWindow>
-#include <QMap>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QScrollArea>
 
 using namespace Qt::StringLiterals;
@@ -16,76 +17,19 @@ using namespace Qt::StringLiterals;
 namespace
 {
 
-bool isUsable(const QWidget& control)
+/// The kind of control that a person takes it for; empty when nothing can be done with it.
+QString kindOf(const QWidget& control)
 {
     constexpr std::array kinds = {"QAbstractButton",   "QAbstractSlider", "QLineEdit",  "QComboBox",
                                   "QAbstractItemView", "PressLabel",      "GridPicture"};
-    return std::ranges::any_of(kinds, [&](const char* kind) { return control.inherits(kind); });
+    const auto found = std::ranges::find_if(kinds, [&](const char* kind) { return control.inherits(kind); });
+    return found == kinds.end() ? QString() : QString::fromLatin1(*found);
 }
 
-/// How often the person turns to a view or control.
-int interestIn(const QWidget* widget)
+int rowsOf(const QWidget& control)
 {
-    static const QMap<QString, int> interests = {
-        {u"mapeditor"_s, 12}, {u"Controlpanel"_s, 6}, {u"var"_s, 4},       {u"combateditor"_s, 2},
-        {u"CarteImg"_s, 12},  {u"listev"_s, 4},       {u"Option1_2"_s, 5}, {u"List1"_s, 4}};
-    const bool isCommandOfEvent = widget->parentWidget()->objectName() == u"Frame6"_s;
-    return interests.value(widget->objectName(), isCommandOfEvent                 ? 6
-                                                 : widget->objectName().isEmpty() ? 1
-                                                                                  : 2);
-}
-
-/// A view, brought to the front if the person sees another one there.
-QWidget* someView(Chance& chance, const QWidgetList& views)
-{
-    QWidget* view = chance.percent(40) ? views.last() : chance.byWeight(views, interestIn);
-    auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
-    if (QApplication::activeModalWidget() == nullptr && chance.percent(80)) {
-        window->mdiArea()->setActiveSubWindow(window);
-    }
-    return view;
-}
-
-/// What a person does with scroll bars and titles to reach a control that cannot be seen whole.
-void bringIntoSight(QWidget* control)
-{
-    for (QWidget* parent = control->parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
-        if (auto* area = qobject_cast<QScrollArea*>(parent)) {
-            area->ensureWidgetVisible(control, 0, 0);
-        }
-        if (auto* window = qobject_cast<QMdiSubWindow*>(parent)) {
-            const QPoint middle = control->mapTo(window, control->rect().center());
-            const QRect sight = window->parentWidget()->rect();
-            if (!sight.contains(window->mapToParent(middle))) {
-                window->move(sight.center() - middle);
-            }
-        }
-    }
-}
-
-/// Where the person looks.
-QWidget* scene(Chance& chance)
-{
-    if (QWidget* popup = QApplication::activePopupWidget(); popup != nullptr && chance.percent(90)) {
-        return popup;
-    }
-    if (QWidget* box = QApplication::activeModalWidget(); box != nullptr && chance.percent(80)) {
-        return box;
-    }
-    const QWidgetList views = shownViews();
-    return views.isEmpty() || chance.percent(2) ? mainWindow() : someView(chance, views);
-}
-
-} // namespace
-
-QWidget* mainWindow()
-{
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (qobject_cast<QMainWindow*>(window) != nullptr) {
-            return window;
-        }
-    }
-    return nullptr;
+    const auto* list = qobject_cast<const QAbstractItemView*>(&control);
+    return list == nullptr || list->model() == nullptr ? 0 : list->model()->rowCount();
 }
 
 QWidgetList shownViews()
@@ -100,6 +44,28 @@ QWidgetList shownViews()
         }
     }
     return views;
+}
+
+/// The first child of a name or class.
+QWidget* childOf(const QWidget& parent, const QString& piece)
+{
+    const QWidgetList children = parent.findChildren<QWidget*>();
+    const auto found = std::ranges::find_if(children, [&](const QWidget* child) {
+        return child->objectName() == piece || child->inherits(piece.toLatin1());
+    });
+    return found == children.end() ? nullptr : *found;
+}
+
+} // namespace
+
+QWidget* mainWindow()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (qobject_cast<QMainWindow*>(window) != nullptr) {
+            return window;
+        }
+    }
+    return nullptr;
 }
 
 QWidget* findView(const QString& name)
@@ -118,30 +84,78 @@ std::filesystem::path openProject()
     return name == nullptr ? std::string() : name->text().toStdString();
 }
 
-QWidget* someControl(Chance& chance)
+bool isBoxOpen()
 {
-    QWidget* parent = scene(chance);
-    QWidgetList controls = parent->findChildren<QWidget*>();
-    controls.removeIf([](const QWidget* control) { return !control->isVisible() || !isUsable(*control); });
-    QWidget* control = controls.isEmpty() ? parent : chance.byWeight(controls, interestIn);
-    if (QApplication::activeModalWidget() == nullptr && chance.percent(80)) {
-        bringIntoSight(control);
-    }
-    return control;
+    return QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr;
 }
 
-QPoint pointIn(Chance& chance, const QRect& place)
+void bringIntoSight(QWidget* control)
 {
-    return {place.left() + chance.below(place.width()), place.top() + chance.below(place.height())};
+    for (QWidget* parent = control->parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(parent)) {
+            area->ensureWidgetVisible(control, 0, 0);
+        }
+        if (auto* window = qobject_cast<QMdiSubWindow*>(parent)) {
+            window->mdiArea()->setActiveSubWindow(window);
+            const QPoint middle = control->mapTo(window, control->rect().center());
+            const QRect sight = window->parentWidget()->rect();
+            if (!sight.contains(window->mapToParent(middle))) {
+                window->move(sight.center() - middle);
+            }
+        }
+    }
 }
 
-QPoint goodPointOn(Chance& chance, QWidget* control)
+int Sights::note(QWidget* widget)
 {
-    const auto* list = qobject_cast<QAbstractItemView*>(control);
-    const int rows = list == nullptr || list->model() == nullptr ? 0 : list->model()->rowCount();
-    if (rows > 0 && chance.percent(80)) {
-        const QRect line = list->visualRect(list->model()->index(chance.below(rows), 0));
-        return list->viewport()->mapTo(control, pointIn(chance, line));
+    seen_ += widget;
+    return static_cast<int>(seen_.size()) - 1;
+}
+
+QJsonObject Sights::describe(QWidget* scene)
+{
+    QJsonArray controls;
+    for (QWidget* control : scene->findChildren<QWidget*>()) {
+        if (const QString kind = kindOf(*control); !kind.isEmpty() && control->isVisible()) {
+            controls += QJsonArray{note(control), kind, control->objectName(),
+                                   control->parentWidget()->objectName(), rowsOf(*control)};
+        }
     }
-    return pointIn(chance, control->rect());
+    return {{u"number"_s, note(scene)}, {u"name"_s, scene->objectName()}, {u"controls"_s, controls}};
+}
+
+QJsonObject Sights::look()
+{
+    seen_.clear();
+    QJsonArray views;
+    for (QWidget* view : shownViews()) {
+        views += describe(view);
+    }
+    QJsonObject all{{u"views"_s, views},
+                    {u"main"_s, describe(mainWindow())},
+                    {u"project"_s, QString::fromStdString(openProject())}};
+    if (QWidget* popup = QApplication::activePopupWidget()) {
+        all[u"popup"_s] = describe(popup);
+    }
+    if (QWidget* box = QApplication::activeModalWidget()) {
+        all[u"box"_s] = describe(box);
+    }
+    return all;
+}
+
+QWidget* Sights::find(const QJsonValue& control) const
+{
+    if (control.isDouble()) {
+        return seen_.value(control.toInt());
+    }
+    const QStringList pieces = control.toString().split(u'/');
+    if (pieces.first() == "menu"_L1) {
+        return mainWindow()->findChild<QMenuBar*>();
+    }
+    QWidget* found =
+        pieces.first() == "box"_L1 ? QApplication::activeModalWidget() : findView(pieces.first());
+    for (const QString& piece : pieces.mid(1)) {
+        found = found == nullptr ? nullptr : childOf(*found, piece);
+    }
+    return found;
 }

@@ -137,11 +137,6 @@ Probe::Probe(const QString& socketFile)
     }
 }
 
-QWidget* Probe::control(const QString& path)
-{
-    return find(path);
-}
-
 void Probe::greet()
 {
     while (QLocalSocket* connection = nextPendingConnection()) {
@@ -153,7 +148,7 @@ void Probe::greet()
 void Probe::answer(QLocalSocket* connection)
 {
     while (connection->canReadLine()) {
-        const QWidget* found = control(QString::fromUtf8(connection->readLine()).trimmed());
+        const QWidget* found = find(QString::fromUtf8(connection->readLine()).trimmed());
         const QJsonObject reply = found == nullptr ? QJsonObject() : describe(*found);
         connection->write(QJsonDocument(reply).toJson(QJsonDocument::Compact) + '\n');
     }

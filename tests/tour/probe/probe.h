@@ -4,12 +4,11 @@
 #include <QLocalServer>
 
 class QLocalSocket;
-class QWidget;
 
 /// Answers each line of a connection with one line of JSON. A line is a path of controls, such as
 /// "mapeditor/CarteImg": each piece is an object name, a class name, or "=" and a caption, at any depth below
-/// the piece before. Of several controls the topmost window's wins. The answer holds
-/// the control's place on the screen in pixels and its state, or nothing when there is no such control.
+/// the piece before. Of several controls the topmost window's wins. The answer holds the control's place on
+/// the screen in pixels and its state, or nothing when there is no such control.
 class Probe : public QLocalServer
 {
     Q_OBJECT
@@ -17,9 +16,6 @@ class Probe : public QLocalServer
 public:
     /// Listens at a socket file. Failure: a line on the error stream; nothing is answered then.
     explicit Probe(const QString& socketFile);
-
-    /// The control of a path; null when there is none.
-    static QWidget* control(const QString& path);
 
 private:
     void greet();
