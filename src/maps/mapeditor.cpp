@@ -67,6 +67,25 @@ bool mapeditor::ownsProject() const
     return !project_.empty() && project_ == CurrentProject();
 }
 
+bool mapeditor::isForeign(const QString& word)
+{
+    if (!ownsProject()) {
+        say(u"Not %1: the project of this map is not open."_s.arg(word));
+    }
+    return !ownsProject();
+}
+
+bool mapeditor::keepsForeignEvent()
+{
+    const bool keeps = project_ != CurrentProject() && !Frame6->isHidden();
+    if (keeps) {
+        messageBox(this,
+                   u"The open event belongs to another project. \"Cancel\" it first, or open that project "
+                   "and \"Save\" it."_s);
+    }
+    return keeps;
+}
+
 std::string mapeditor::tilesetKey() const
 {
     return ownsProject() ? ReadIni(MapSection(mapField()), "texture", Descriptor()) : std::string();
@@ -79,6 +98,9 @@ void mapeditor::loadmap()
     if (CurrentProject().empty()) {
         messageBox(this, u"Erreur : carte invalide"_s, BoxIcon::Stop);
         return; // the view stays its project's, for the time when that is opened again
+    }
+    if (keepsForeignEvent()) {
+        return;
     }
     if (project_ != CurrentProject()) {
         map_ = {}; // a map of another project is never saved as one of this

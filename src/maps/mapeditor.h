@@ -111,6 +111,8 @@ private:
     void redo();
     void takeStep(UndoResult (UndoHistory::*take)(std::string_view, MapModel&, HeroStart&),
                   const QString& word);
+    /// Whether "Load map" would show the map as it is shown.
+    bool showsItsFiles() const;
     void sayOutcome(const UndoResult& result, const QString& word);
 
     // Maps and tilesets (mapeditor_maps.cpp).
@@ -132,6 +134,10 @@ private:
     void setModeMark(const QString& mark) override;
     void saveEvent(int row, int column, const std::vector<std::string>& lines) override;
 
+    /// Whether the map's project is not the current one. Says then that the map was not what `word` tells.
+    bool isForeign(const QString& word);
+    /// Whether an event is open that would become another project's by a load. Says so then.
+    bool keepsForeignEvent();
     std::string mapField() const;
     /// The tileset number of the map in the map field, as the descriptor has it.
     std::string tilesetKey() const;

@@ -31,6 +31,9 @@ void mapeditor::Command5_Click()
 void mapeditor::newMap()
 {
     Frame3->hide();
+    if (keepsForeignEvent()) {
+        return;
+    }
     const NewMapResult made = NewMap();
     if (made.mapNumber.empty()) {
         messageBox(this, u"No map was made.\n"_s + shown(made.failure), BoxIcon::Stop);
@@ -79,7 +82,7 @@ void mapeditor::Command14_Click()
     const std::string mapNumber = mapField();
     std::string failure;
     Frame4->hide();
-    if (ownsProject()) {
+    if (!isForeign(u"changed"_s)) {
         WriteIni(MapSection(mapNumber), "texture", tileset, Descriptor());
         failure = CopyTilesetSheet(tileset, mapNumber);
     }

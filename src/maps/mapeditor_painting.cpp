@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 void mapeditor::CarteImg_MouseDown(int x, int y)
 {
-    if (!ownsProject()) {
+    if (isForeign(u"changed"_s)) {
         return; // what such a click changed could never be shown or saved
     }
     const Cell cell = cellAt(x, y);
@@ -115,7 +115,7 @@ void mapeditor::Command9_Click()
 
 void mapeditor::Command10_Click()
 {
-    if (!askYesNo(this, u" Are you sure you want to return the card to zero?"_s) || !ownsProject()) {
+    if (!askYesNo(this, u" Are you sure you want to return the card to zero?"_s) || isForeign(u"reset"_s)) {
         return;
     }
     const StepRecorder before = recordReset();

@@ -99,8 +99,8 @@ void mapeditor::redo()
 void mapeditor::takeStep(UndoResult (UndoHistory::*take)(std::string_view, MapModel&, HeroStart&),
                          const QString& word)
 {
-    if (!ownsProject()) {
-        return say(u"Not %1: the project of this map is not open."_s.arg(word));
+    if (isForeign(word)) {
+        return;
     }
     if (!Frame6->isHidden()) {
         return say(u"Not %1: save or cancel the event first."_s.arg(word));
@@ -118,13 +118,22 @@ void mapeditor::takeStep(UndoResult (UndoHistory::*take)(std::string_view, MapMo
     sayOutcome(result, word);
 }
 
+bool mapeditor::showsItsFiles() const
+{
+    MapModel loaded = map_;
+    loaded.read(ReadWholeFile(MapFile(currentMap_)), ReadWholeFile(BlockFile(currentMap_)));
+    return loaded == map_;
+}
+
 void mapeditor::sayOutcome(const UndoResult& result, const QString& word)
 {
     switch (result.outcome) {
     case UndoOutcome::Nothing:
         return say(u"There is nothing to be %1."_s.arg(word));
     case UndoOutcome::Done:
-        return say(u"%1: %2."_s.arg(shown(result.name), word));
+        return say(
+            u"%1: %2."_s.arg(shown(result.name), word) +
+            (showsItsFiles() ? u""_s : u" The map's files hold something else. \"Load map\" shows it."_s));
     case UndoOutcome::ChangedElsewhere:
         return say(u"Not %1: this map's files were changed elsewhere. "
                    "\"Load map\" shows what they hold."_s.arg(word));

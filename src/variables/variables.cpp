@@ -59,7 +59,7 @@ std::string ConditionEntry(int number, std::string_view startValue)
 NextVariable VariableAfter(std::string_view count)
 {
     const auto number = CountFrom(count);
-    if (!number) {
+    if (!number || Descriptor().empty()) {
         return {0, BadVariableCount()};
     }
     if (!CountFrom(std::to_string(*number + 1))) {
@@ -70,7 +70,8 @@ NextVariable VariableAfter(std::string_view count)
 
 std::string BadVariableCount()
 {
-    return "the number of variables in projet.ini is not a number from 0 to 32767";
+    return Descriptor().empty() ? "no project is open"
+                                : "the number of variables in projet.ini is not a number from 0 to 32767";
 }
 
 void BeginVariable(int number)

@@ -29,10 +29,10 @@ struct NextVariable {
     std::string failure; ///< why none can be added, for the author to read
 };
 
-/// The variable that follows a count as it is shown.
+/// The variable that follows a count as it is shown; none without a project.
 NextVariable VariableAfter(std::string_view count);
 
-/// The words for a count that is not a number.
+/// The words for a count that is not a number, or has no descriptor to stand in.
 std::string BadVariableCount();
 
 /// First half of adding variable `number`: its section, before its value is asked for.

@@ -142,13 +142,16 @@ protected:
         for (const char* mode : {"Option1_0", "Option1_1", "Option1_2"}) {
             click(*map, mode);
             pressCell(*map, 2, 2);
+            EXPECT_EQ(foot(), "Not changed: the project of this map is not open.");
             saveMap();
         }
         chooseTile(3);
         reset();
+        EXPECT_EQ(foot(), "Not reset: the project of this map is not open.");
         click(*map, "Command11");
         moveBar(*map, "HScroll2", 2);
         click(*map, "Command14");
+        EXPECT_EQ(foot(), "Not changed: the project of this map is not open.");
         moveBar(*map, "HScroll1", 2);
         awaitRedraw(*map);
     }
@@ -203,6 +206,13 @@ TEST_F(MapOfAProject, AnOpenEventKeepsItsListAndIsWrittenNowhere)
         answers.message("Nothing was saved: the project of this map is not open.");
         EXPECT_EQ(changes([&] { click(*map, "Command2"); }), "");
         EXPECT_TRUE(isVisible(*map, "Frame6"));
+    }
+    leaveTo("theirs");
+    for (const bool asNew : {false, true}) { // the list would become theirs
+        answers.message("The open event belongs to another project. \"Cancel\" it first, or open that "
+                        "project and \"Save\" it.");
+        EXPECT_EQ(changes([&] { asNew ? newMap() : load(); }), "");
+        answers.allCame();
     }
     openProject("demo");
     click(*map, "Command2");

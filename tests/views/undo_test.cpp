@@ -87,6 +87,11 @@ TEST_F(UndoKeys, AMapThatWasChangedElsewhereIsLeftAsItIs)
     app.write("projets/demo/map01.ev", savedBlocks(grid()));
     undo();
     EXPECT_EQ(foot(), "Row 1, column 1: undone.");
+    app.write("projets/demo/map01.ev", savedBlocks(grid({{4, 4, '1'}})));
+    paintFirstCell(); // over what is not shown
+    undo();
+    EXPECT_EQ(blocks(), savedBlocks(grid({{4, 4, '1'}})));
+    EXPECT_EQ(foot(), "Row 1, column 1: undone. The map's files hold something else. \"Load map\" shows it.");
 }
 
 TEST_F(UndoKeys, NothingIsTakenBackBehindAnEventOrABox)

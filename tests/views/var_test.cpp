@@ -58,3 +58,19 @@ TEST_F(Variables, CannotBeAddedBeyondTheLargestCount)
     click(variables, "Command1");
     EXPECT_EQ(Changes(before, app.snapshot()), "");
 }
+
+TEST_F(Variables, CannotBeCountedWithoutANumberOrAProject)
+{
+    WriteIni("Variables", "nombre", "x", Descriptor());
+    const std::string failure =
+        "Erreur : the number of variables in projet.ini is not a number from 0 to 32767";
+    answers.message(failure);
+    const QWidget& variables = open();
+    answers.message(failure);
+    click(variables, "Command1");
+    WriteIni("Variables", "nombre", "1", Descriptor());
+    activate(view("var"));
+    closePanel(Reply::Yes);
+    answers.message("Erreur : no project is open");
+    click(variables, "Command1");
+}
